@@ -1,0 +1,44 @@
+// Solver controls: the *TITLE, *CONTROL and *DATABASE keywords, and the settings sections of the main deck.
+#pragma once
+
+#include "reader/pass.h"
+
+// Collects run_settings from the keyword copy.
+void control_pass();
+
+// The sections, each with its banner, in the order in which the main deck has them.
+void header();           // file header
+void problem_title();    // "Problem Title and Descriptors"
+void timing_control();   // "Timing and Data Control Section"
+void status_file();      // "Status File Control Section"
+void history();          // history keywords; no banner
+void global_control();   // "Global Contact, Hourglass, & Viscosity Control"
+void amr_section();      // "AMR Section"
+void sph_control();      // "SPH Control Section"
+void plot_options();     // "Plot Options"
+void restart_control();  // "Restart Control Section"
+void partition();        // "Partition Section"
+
+// The pass tables, for docs and tests.
+extern const Pass control_keywords;
+extern const Pass history_keywords;
+extern const Pass sph_keywords;
+extern const Pass sph_part_keywords;
+
+// Handlers of the control pass.
+void titlecard();   // *TITLE
+void cviscosity();  // *CONTROL_BULK_VISCOSITY
+void ccontact();    // *CONTROL_CONTACT
+void chourglass();  // *CONTROL_HOURGLASS
+void csolution();   // *CONTROL_SOLUTION
+void term();        // *CONTROL_TERMINATION
+void tstep();       // *CONTROL_TIMESTEP
+
+void database();         // *DATABASE_NODOUT, *DATABASE_ELOUT
+void database_dump();    // *DATABASE_BINARY_D3DUMP
+void database_plot();    // *DATABASE_BINARY_D3PLOT
+void database_runrsf();  // *DATABASE_BINARY_RUNRSF
+
+// Handlers of the SPH section.
+void csph();     // *CONTROL_SPH
+void partsph();  // *PART: a smoothing-length line when its section is a *SECTION_SPH

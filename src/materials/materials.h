@@ -1,0 +1,49 @@
+// Parts and materials: the "Part Descriptions" section of the main deck.
+#pragma once
+
+#include "reader/pass.h"
+
+// The section with its banner, column headers and six passes.
+void part_descriptions();
+
+// The pass tables, in the order in which the section runs them; for docs and tests.
+extern const Pass part_keywords;
+extern const Pass section_keywords;
+extern const Pass eos_keywords;
+extern const Pass failure_keywords;
+extern const Pass hourglass_keywords;
+extern const Pass material_keywords;
+
+void part();  // *PART
+
+// Element formulations.
+void sectionsolid();  // *SECTION_SOLID
+void sectionshell();  // *SECTION_SHELL
+void sectionsph();    // *SECTION_SPH
+
+// Equations of state.
+void eosmgrun();       // *EOS_GRUNEISEN
+void eosigrb();        // *EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE
+void eosjwl();         // *EOS_JWL
+void eoslinearpoly();  // *EOS_LINEAR_POLYNOMIAL_TITLE
+
+// Materials.
+void matelastic();                  // *MAT_ELASTIC
+void matelasticplastichydro();      // *MAT_ELASTIC_PLASTIC_HYDRO
+void matheburn();                   // *MAT_HIGH_EXPLOSIVE_BURN
+void matisotropicelasticfail();     // *MAT_ISOTROPIC_ELASTIC_FAILURE
+void matisotropicelasticplas();     // *MAT_ISOTROPIC_ELASTIC_PLASTIC
+void matjohnsoncook();              // *MAT_JOHNSON_COOK
+void matjohnsonholmquistceramic();  // *MAT_JOHNSON_HOLMQUIST_CERAMICS
+void matmooney();                   // *MAT_MOONEY-RIVLIN_RUBBER
+void matnull();                     // *MAT_NULL
+void matplastickinematic();         // *MAT_PLASTIC_KINEMATIC
+void matrigid();                    // *MAT_RIGID
+void matsimpjohnsoncook();          // *MAT_SIMPLIFIED_JOHNSON_COOK
+void matsteinberg();                // *MAT_STEINBERG_TITLE
+void matviscoelastic();             // *MAT_VISCOELASTIC
+
+// One failure definition for a material of the given type number.
+void failure(int mtyp);
+
+void hourglass();  // *HOURGLASS

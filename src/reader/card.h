@@ -1,0 +1,67 @@
+// Reading the cards of a keyword block: fixed-width fields, titles, and the loop over cards.
+#pragma once
+
+#include <cstdint>
+
+// The field readers work on infile. `open` is the card's line-still-open flag: 1 before its first field; a reader that
+// meets the line's end sets it to 0, leaves the newline unread, and from then on every field of the card is empty.
+// A field whose last column is blank is empty, whatever stands to its left. Widths are at most 40.
+
+// The field's number; 0 when it is empty.
+double fblanks(int width, int* open);
+
+// The field's characters, leading blanks included, into destination, which has room for width + 1; " 0" when it is empty.
+void readstring(char* destination, int width, int* open);
+
+// A title line as it is kept: its first 80 characters. A line of 79 characters keeps its newline.
+struct Title {
+    char text[81];
+};
+
+// Skips comment lines and reads the next line whole.
+Title readtitle();
+
+// A title that is read and dropped.
+void skip_title();
+
+// A field of ten characters that is carried as text: section, material and other identifiers.
+struct Word {
+    char text[11];
+};
+
+// The cards of one block. For a block of any number of cards:
+//
+//     for (Card card; card.next();) { const int id = card.integer(); ... }
+//
+// and for a fixed card, or the further cards of a group, which are read without a test for a keyword line:
+//
+//     Card card;
+//     card.first();    ...    card.another();    ...
+//
+// Read fields one a statement or in a braced list: function arguments have no order.
+class Card
+{
+public:
+    // Ends the line of the card before, if there was one, skips comment lines, and begins the next card; false at a
+    // keyword line, which stays unread.
+    bool next();
+
+    // Skips comment lines and begins a card, whatever its first character.
+    void first();
+
+    // Discards the rest of the line, skips comment lines, and begins a further card, whatever its first character.
+    void another();
+
+    // Discards the rest of the line, its newline included.
+    static void end_line();
+
+    double number(int width = 10) { return fblanks(width, &open_); }
+    float real(int width = 10);
+    int integer(int width = 10);
+    std::int64_t integer64(int width);
+    Word word();
+
+private:
+    int open_ = 0;
+    bool begun_ = false;
+};

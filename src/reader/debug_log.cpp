@@ -1,0 +1,29 @@
+#include "reader/debug_log.h"
+
+#include "reader/run.h"
+
+void log_recognized() { print(outfile, "\n%s . . . recognized keyword\n", cbuffer); }
+
+void log_skipped() { print(outfile, "\n%s . . . skipped\n", cbuffer); }
+
+void log_ignored_title() { text(outfile, "ignored title line\n"); }
+
+void log_unused_heading() { text(outfile, "unused variables:\n"); }
+
+void log_field(const Field& field)
+{
+    if (field.is_real)
+        print(outfile, "%10s:%10.3e\n", field.name, static_cast<double>(field.real));
+    else
+        print(outfile, "%10s:%10i\n", field.name, field.integer);
+}
+
+void log_unused(std::initializer_list<Field> fields)
+{
+    if (fields.size() == 0) {
+        text(outfile, "no unused variables\n");
+        return;
+    }
+    log_unused_heading();
+    for (const Field& field : fields) log_field(field);
+}

@@ -1,0 +1,31 @@
+// The lines that handlers write into the debug log.
+#pragma once
+
+#include <initializer_list>
+
+// A field that was read and is not passed on: its name in the keyword format, lower case, and its value.
+struct Field {
+    constexpr Field(const char* field, int number) : name(field), integer(number) {}
+    constexpr Field(const char* field, float number) : name(field), is_real(true), real(number) {}
+
+    const char* name;
+    bool is_real = false;
+    int integer = 0;
+    float real = 0.0f;
+};
+
+// "recognized keyword" and "skipped", for the keyword line in cbuffer.
+void log_recognized();
+void log_skipped();
+
+// "ignored title line"
+void log_ignored_title();
+
+// "unused variables:" alone, when the lines behind it follow by log_field or need a note of their own.
+void log_unused_heading();
+
+// One line, "%10s:%10i" or "%10s:%10.3e".
+void log_field(const Field& field);
+
+// The heading and a line for each field; "no unused variables" when there is none.
+void log_unused(std::initializer_list<Field> fields);

@@ -1,0 +1,213 @@
+#include "reader/input_stream.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+namespace
+{
+constexpr std::size_t first_stride = 4096;  // a jump to a keyword line rarely needs more
+constexpr std::string_view end_line = "*END\n";
+
+// The offset as fseek takes it; files beyond its range cannot be opened.
+long file_offset(Position position) { return static_cast<long>(position); }
+}  // namespace
+
+bool InputStream::open(const char* file_name, std::size_t window)
+{
+    close();
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(file_name, ignored)) return false;
+    file_ = std::fopen(file_name, "rb");
+    if (file_ == nullptr) return false;
+    std::setvbuf(file_, nullptr, _IONBF, 0);  // the window is the buffer
+    char last = '\n';
+    bool readable = std::fseek(file_, 0, SEEK_END) == 0;
+    const long length = readable ? std::ftell(file_) : -1;
+    readable = length >= 0;
+    if (readable && length > 0)
+        readable = std::fseek(file_, length - 1, SEEK_SET) == 0 && std::fread(&last, 1, 1, file_) == 1;
+    if (!readable) {
+        close();
+        return false;
+    }
+    size_ = static_cast<Position>(length);
+    file_at_ = size_;
+    newline_missing_ = last != '\n';
+    start(window);
+    return true;
+}
+
+void InputStream::open_text(std::string_view text, std::size_t window)
+{
+    close();
+    text_ = text;
+    size_ = text.size();
+    newline_missing_ = !text.empty() && text.back() != '\n';
+    start(window);
+}
+
+void InputStream::close()
+{
+    if (file_ != nullptr) std::fclose(file_);
+    file_ = nullptr;
+    text_ = {};
+    size_ = 0;
+    newline_missing_ = false;
+    index_ = nullptr;
+    base_ = 0;
+    cursor_ = filled_ = window_.get();
+}
+
+void InputStream::start(std::size_t window)
+{
+    window = std::max(window, smallest_window);
+    if (capacity_ != window) window_ = std::make_unique_for_overwrite<char[]>(window);
+    capacity_ = window;
+    base_ = 0;
+    cursor_ = filled_ = window_.get();
+    stride_ = first_stride;
+    failure_ = 0;
+}
+
+void InputStream::seek(Position position)
+{
+    const auto held = static_cast<Position>(filled_ - window_.get());
+    if (position >= base_ && position - base_ <= held) {
+        cursor_ = window_.get() + (position - base_);
+        return;
+    }
+    base_ = position;
+    cursor_ = filled_ = window_.get();
+    stride_ = first_stride;
+}
+
+// Reads on until at least `wanted` characters stand unread in the window. The character before the position stays
+// there too, for back() and for telling a line's beginning.
+void InputStream::fill(std::size_t wanted)
+{
+    if (window_ == nullptr) start(smallest_window);
+    char* const begin = window_.get();
+    char* const kept = cursor_ > begin ? cursor_ - 1 : cursor_;
+    if (kept > begin) {
+        std::memmove(begin, kept, static_cast<std::size_t>(filled_ - kept));
+        base_ += static_cast<Position>(kept - begin);
+        cursor_ -= kept - begin;
+        filled_ -= kept - begin;
+    }
+    for (auto unread = static_cast<std::size_t>(filled_ - cursor_); unread < wanted;
+         unread = static_cast<std::size_t>(filled_ - cursor_)) {
+        const auto used = static_cast<std::size_t>(filled_ - begin);
+        const std::size_t count = std::min(capacity_ - used, std::max(stride_, wanted - unread));
+        filled_ += read(filled_, base_ + used, count);
+        stride_ = std::min(stride_ * 4, capacity_);
+    }
+}
+
+// Delivers up to `wanted` characters of the text, and at least one.
+std::size_t InputStream::read(char* destination, Position position, std::size_t wanted)
+{
+    std::size_t got = 0;
+    if (position < size_) {
+        const auto in_file = static_cast<std::size_t>(std::min<Position>(wanted, size_ - position));
+        if (file_ == nullptr) {
+            got = text_.copy(destination, in_file, static_cast<std::size_t>(position));
+        } else {
+            errno = 0;
+            if (file_at_ == position || std::fseek(file_, file_offset(position), SEEK_SET) == 0)
+                got = std::fread(destination, 1, in_file, file_);
+            file_at_ = position + got;
+            if (got < in_file) {
+                failure_ = errno != 0 ? errno : became_shorter;
+                size_ = file_at_;
+                newline_missing_ = true;
+            }
+        }
+    }
+    if (got == 0)
+        for (; got < std::min(wanted, smallest_window); ++got) destination[got] = beyond(position + got);
+    return got;
+}
+
+std::string InputStream::failure() const
+{
+    if (failure_ == 0) return {};
+    return failure_ == became_shorter ? "it became shorter while it was being read" : std::strerror(failure_);
+}
+
+// The character at a position behind the file's last one.
+char InputStream::beyond(Position position) const
+{
+    const Position end_lines = size_ + (newline_missing_ ? 1 : 0);
+    if (position < end_lines) return '\n';
+    return end_line[static_cast<std::size_t>((position - end_lines) % end_line.size())];
+}
+
+std::string_view InputStream::ahead(std::size_t n)
+{
+    const auto unread = static_cast<std::size_t>(filled_ - cursor_);
+    if (unread < n && (unread == 0 || std::memchr(cursor_, '\n', unread) == nullptr)) fill(n);
+    n = std::min(n, static_cast<std::size_t>(filled_ - cursor_));
+    const auto* newline = static_cast<const char*>(std::memchr(cursor_, '\n', n));
+    return {cursor_, newline != nullptr ? static_cast<std::size_t>(newline - cursor_) : n};
+}
+
+bool InputStream::whole_line(std::string_view& line)
+{
+    std::size_t searched = 0;
+    for (;;) {
+        const auto unread = static_cast<std::size_t>(filled_ - cursor_);
+        if (unread > searched) {
+            const auto* newline = static_cast<const char*>(std::memchr(cursor_ + searched, '\n', unread - searched));
+            if (newline != nullptr) {
+                line = {cursor_, static_cast<std::size_t>(newline - cursor_)};
+                return true;
+            }
+            searched = unread;
+        }
+        if (unread + 1 >= capacity_ && window_ != nullptr) return false;
+        fill(unread + 1);
+    }
+}
+
+void InputStream::skip_line()
+{
+    for (;;) {
+        if (cursor_ == filled_) fill(1);
+        auto* newline = static_cast<char*>(std::memchr(cursor_, '\n', static_cast<std::size_t>(filled_ - cursor_)));
+        if (newline != nullptr) {
+            cursor_ = newline + 1;
+            return;
+        }
+        cursor_ = filled_;
+    }
+}
+
+void InputStream::to_keyword()
+{
+    if (peek() == '*') return;
+    if (index_ != nullptr && position() < size_) {
+        const auto found = std::lower_bound(index_->begin(), index_->end(), position());
+        if (found != index_->end() && *found < size_) {
+            seek(*found);
+        } else {
+            seek(size_ + (newline_missing_ ? 1 : 0));
+        }
+        return;
+    }
+    for (;;) {  // the character before cursor_ is always in the window here
+        for (char* from = cursor_; from < filled_;) {
+            auto* star = static_cast<char*>(std::memchr(from, '*', static_cast<std::size_t>(filled_ - from)));
+            if (star == nullptr) break;
+            if (star > window_.get() && star[-1] == '\n') {
+                cursor_ = star;
+                return;
+            }
+            from = star + 1;
+        }
+        cursor_ = filled_;
+        fill(1);
+    }
+}

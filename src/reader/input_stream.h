@@ -1,0 +1,118 @@
+// The stream that decks are read from: a bounded window over a file, character by character or a line's columns at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A place in a stream, in characters from its beginning.
+using Position = std::uint64_t;
+
+// The positions of the lines that begin with "*", in ascending order.
+using KeywordIndex = std::vector<Position>;
+
+// A text file, read through a window of fixed size, so that memory does not grow with the file.
+//
+// The text never ends: a last line without a newline reads as if it had one, and behind the text stand endless "*END"
+// lines. A stream that is not open holds nothing but these. So no loop over keyword lines can hang.
+class InputStream
+{
+public:
+    static constexpr std::size_t smallest_window = 64;  // holds the widest field, a keyword line and a step back
+
+    constexpr InputStream() = default;
+    ~InputStream() { close(); }
+    InputStream(const InputStream&) = delete;
+    InputStream& operator=(const InputStream&) = delete;
+
+    // Opens a regular file; false when there is none, or when it cannot be read. `window` is in bytes.
+    bool open(const char* file_name, std::size_t window);
+    void close();
+    [[nodiscard]] bool is_open() const { return file_ != nullptr; }
+
+    // Reads text that is already in memory, which must outlive the stream's use of it.
+    void open_text(std::string_view text, std::size_t window);
+
+    // The index of the keyword lines of this very file, or null: then keyword lines are searched for.
+    void use_index(const KeywordIndex* index) { index_ = index; }
+
+    // The next character.
+    char next()
+    {
+        if (cursor_ == filled_) fill(1);
+        return *cursor_++;
+    }
+
+    // The next character, which stays unread.
+    char peek()
+    {
+        if (cursor_ == filled_) fill(1);
+        return *cursor_;
+    }
+
+    // Makes the character before the position the next one.
+    void back()
+    {
+        if (cursor_ == window_.get())
+            seek(position() - 1);
+        else
+            --cursor_;
+    }
+
+    [[nodiscard]] Position position() const { return base_ + static_cast<Position>(cursor_ - window_.get()); }
+    void seek(Position position);
+    void rewind() { seek(0); }
+
+    // True when the position is behind the last character that the file holds.
+    [[nodiscard]] bool at_end() const { return position() >= size_; }
+
+    // The characters that the file holds.
+    [[nodiscard]] Position size() const { return size_; }
+
+    // The next n columns of the line, fewer when its newline comes first; never the newline. Nothing is consumed. The
+    // view lasts until the stream is used again. n must be smaller than the window.
+    std::string_view ahead(std::size_t n);
+
+    // The whole rest of the line without its newline; false when the line does not fit into the window. Nothing is
+    // consumed. The view lasts until the stream is used again.
+    bool whole_line(std::string_view& line);
+
+    // Consumes n characters, which must be known to be in the window (seen through ahead or whole_line).
+    void advance(std::size_t n) { cursor_ += n; }
+
+    // Reads and discards up to and including the next newline.
+    void skip_line();
+
+    // Moves to the next character that is a "*" at the present position or at the beginning of a later line.
+    void to_keyword();
+
+    // Why reading failed, in words; empty when it did not. After a failure the text reads as if the file ended there. It
+    // is kept until the stream is opened again.
+    [[nodiscard]] std::string failure() const;
+
+private:
+    static constexpr int became_shorter = -1;
+
+    void start(std::size_t window);
+    void fill(std::size_t wanted);
+    std::size_t read(char* destination, Position position, std::size_t wanted);
+    [[nodiscard]] char beyond(Position position) const;
+
+    std::unique_ptr<char[]> window_;
+    std::size_t capacity_ = 0;
+    char* cursor_ = nullptr;  // the next character
+    char* filled_ = nullptr;  // behind the last character in the window
+    Position base_ = 0;       // position of the window's first character
+    Position size_ = 0;       // characters in the file
+    Position file_at_ = 0;    // where the file itself stands
+    std::size_t stride_ = 0;  // how much the next read takes: little after a jump, more as reading goes on
+    bool newline_missing_ = false;
+    std::FILE* file_ = nullptr;
+    std::string_view text_;
+    const KeywordIndex* index_ = nullptr;
+    int failure_ = 0;  // errno, or became_shorter
+};
