@@ -1,3 +1,6 @@
 #include "driver/driver.h"
 
-int main(int argc, char* argv[]) { return morvex(argc, argv); }
+int main(int argc, char* argv[])
+{
+    return morvex(argc, argv);
+}

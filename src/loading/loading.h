@@ -1,5 +1,5 @@
-// Contact, boundary and loading: the sections of the main deck between the global control and the part descriptions, and
-// the accelerometer file.
+// Contact, boundary and loading: the sections of the main deck between the global control and the part descriptions,
+// and the accelerometer file.
 #pragma once
 
 #include "reader/pass.h"
@@ -46,5 +46,5 @@ void loadsegset();  // *LOAD_SEGMENT_SET
 void loadseg();     // *LOAD_SEGMENT
 
 // Curves and accelerometers.
-void definecurve();                        // *DEFINE_CURVE
+void definecurve();                         // *DEFINE_CURVE
 void coordnodes2accel(int node_set_count);  // *DEFINE_COORDINATE_NODES as accelerometers

@@ -61,7 +61,10 @@ Title readtitle()
     return title;
 }
 
-void skip_title() { readtitle(); }
+void skip_title()
+{
+    readtitle();
+}
 
 bool Card::next()
 {
@@ -85,13 +88,25 @@ void Card::another()
     first();
 }
 
-void Card::end_line() { infile.skip_line(); }
+void Card::end_line()
+{
+    infile.skip_line();
+}
 
-float Card::real(int width) { return static_cast<float>(number(width)); }
+float Card::real(int width)
+{
+    return static_cast<float>(number(width));
+}
 
-int Card::integer(int width) { return to_int(number(width)); }
+int Card::integer(int width)
+{
+    return to_int(number(width));
+}
 
-std::int64_t Card::integer64(int width) { return to_int64(number(width)); }
+std::int64_t Card::integer64(int width)
+{
+    return to_int64(number(width));
+}
 
 Word Card::word()
 {

@@ -10,7 +10,8 @@
 // The field's number; 0 when it is empty.
 double fblanks(int width, int* open);
 
-// The field's characters, leading blanks included, into destination, which has room for width + 1; " 0" when it is empty.
+// The field's characters, leading blanks included, into destination, which has room for width + 1; " 0" when it is
+// empty.
 void readstring(char* destination, int width, int* open);
 
 // A title line as it is kept: its first 80 characters. A line of 79 characters keeps its newline.

@@ -2,13 +2,25 @@
 
 #include "reader/run.h"
 
-void log_recognized() { print(outfile, "\n%s . . . recognized keyword\n", cbuffer); }
+void log_recognized()
+{
+    print(outfile, "\n%s . . . recognized keyword\n", cbuffer);
+}
 
-void log_skipped() { print(outfile, "\n%s . . . skipped\n", cbuffer); }
+void log_skipped()
+{
+    print(outfile, "\n%s . . . skipped\n", cbuffer);
+}
 
-void log_ignored_title() { text(outfile, "ignored title line\n"); }
+void log_ignored_title()
+{
+    text(outfile, "ignored title line\n");
+}
 
-void log_unused_heading() { text(outfile, "unused variables:\n"); }
+void log_unused_heading()
+{
+    text(outfile, "unused variables:\n");
+}
 
 void log_field(const Field& field)
 {

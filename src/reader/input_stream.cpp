@@ -12,7 +12,10 @@ constexpr std::size_t first_stride = 4096;  // a jump to a keyword line rarely n
 constexpr std::string_view end_line = "*END\n";
 
 // The offset as fseek takes it; files beyond its range cannot be opened.
-long file_offset(Position position) { return static_cast<long>(position); }
+long file_offset(Position position)
+{
+    return static_cast<long>(position);
+}
 }  // namespace
 
 bool InputStream::open(const char* file_name, std::size_t window)

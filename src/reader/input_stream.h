@@ -1,4 +1,5 @@
-// The stream that decks are read from: a bounded window over a file, character by character or a line's columns at once.
+// The stream that decks are read from: a bounded window over a file, character by character or a line's columns at
+// once.
 #pragma once
 
 #include <cstddef>
@@ -90,8 +91,8 @@ public:
     // Moves to the next character that is a "*" at the present position or at the beginning of a later line.
     void to_keyword();
 
-    // Why reading failed, in words; empty when it did not. After a failure the text reads as if the file ended there. It
-    // is kept until the stream is opened again.
+    // Why reading failed, in words; empty when it did not. After a failure the text reads as if the file ended there.
+    // It is kept until the stream is opened again.
     [[nodiscard]] std::string failure() const;
 
 private:

@@ -6,9 +6,15 @@
 
 namespace
 {
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char upper(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
-std::string_view keyword_line() { return cbuffer; }
+std::string_view keyword_line()
+{
+    return cbuffer;
+}
 }  // namespace
 
 void keyword()
@@ -29,8 +35,17 @@ char comments(char c)
     return c;
 }
 
-char skip_comments() { return comments(infile.next()); }
+char skip_comments()
+{
+    return comments(infile.next());
+}
 
-bool keyword_is(std::string_view prefix) { return keyword_line().starts_with(prefix); }
+bool keyword_is(std::string_view prefix)
+{
+    return keyword_line().starts_with(prefix);
+}
 
-bool keyword_ends_in(std::string_view ending) { return keyword_line().ends_with(ending); }
+bool keyword_ends_in(std::string_view ending)
+{
+    return keyword_line().ends_with(ending);
+}

@@ -23,11 +23,11 @@ constexpr Filter filters[] = {
     {"*ELEMENT_SHELL"},
     {"*ELEMENT_SPH"},
     {"*ELEMENT_SOLID"},
-    {"*SET_NODE"},     // and *SET_NODE_LIST
-    {"*SET_PART"},     // and *SET_PART_LIST
+    {"*SET_NODE"},  // and *SET_NODE_LIST
+    {"*SET_PART"},  // and *SET_PART_LIST
     {"*SET_SEGMENT"},
-    {"*SET_SHELL"},    // and *SET_SHELL_LIST
-    {"*SET_SOLID", true}, // and *SET_SOLID_LIST; sic: the only block that vanishes with its keyword line
+    {"*SET_SHELL"},        // and *SET_SHELL_LIST
+    {"*SET_SOLID", true},  // and *SET_SOLID_LIST; sic: the only block that vanishes with its keyword line
 };
 
 const Filter* filter_for(std::string_view piece)
@@ -54,7 +54,10 @@ bool plain(std::string_view line)
 }
 }  // namespace
 
-void keyword_filter() { infile_geom.to_keyword(); }
+void keyword_filter()
+{
+    infile_geom.to_keyword();
+}
 
 void keyword_writer()
 {

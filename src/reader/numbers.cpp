@@ -22,7 +22,10 @@ constexpr double exact_powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7
 constexpr int largest_exact_power = static_cast<int>(std::size(exact_powers)) - 1;
 constexpr std::uint64_t largest_exact_integer = std::uint64_t{1} << 53;
 
-constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool is_digit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 // The value by the C library, for every form that the quick way leaves.
 double value_by_atof(std::string_view field)
@@ -33,7 +36,10 @@ double value_by_atof(std::string_view field)
     return std::atof(terminated);
 }
 
-float negative_nan() { return -std::numeric_limits<float>::quiet_NaN(); }
+float negative_nan()
+{
+    return -std::numeric_limits<float>::quiet_NaN();
+}
 
 // The result of an operation, with the NaN that it made itself, if it made one, in its x86-64 form.
 float as_on_x86(float result, float a, float b)
@@ -100,11 +106,20 @@ std::int64_t to_int64(double value)
                                                                             : std::numeric_limits<std::int64_t>::min();
 }
 
-float quotient(float dividend, float divisor) { return as_on_x86(dividend / divisor, dividend, divisor); }
+float quotient(float dividend, float divisor)
+{
+    return as_on_x86(dividend / divisor, dividend, divisor);
+}
 
-float sum(float a, float b) { return as_on_x86(a + b, a, b); }
+float sum(float a, float b)
+{
+    return as_on_x86(a + b, a, b);
+}
 
-float product(float a, float b) { return as_on_x86(a * b, a, b); }
+float product(float a, float b)
+{
+    return as_on_x86(a * b, a, b);
+}
 
 // ---- writing -------------------------------------------------------------------------------------------------------
 
@@ -122,7 +137,10 @@ constexpr auto two_digits = [] {
     return table;
 }();
 
-void put_two(char* to, std::uint64_t value) { std::memcpy(to, two_digits.data() + 2 * value, 2); }
+void put_two(char* to, std::uint64_t value)
+{
+    std::memcpy(to, two_digits.data() + 2 * value, 2);
+}
 
 // Writes the text right-aligned in the width, or whole when it is longer.
 char* put_padded(char* to, const char* text, std::size_t length, int width)
@@ -153,7 +171,10 @@ constexpr auto fives = [] {
     return table;
 }();
 
-constexpr std::uint64_t ten_to_the(int power) { return power == 0 ? 1 : 10 * ten_to_the(power - 1); }
+constexpr std::uint64_t ten_to_the(int power)
+{
+    return power == 0 ? 1 : 10 * ten_to_the(power - 1);
+}
 
 struct Product {
     std::uint64_t high;
@@ -237,8 +258,8 @@ char* write_real(char* to, float value, int width)
             return put_padded(to, name + (negative ? 0 : 1), negative ? 4 : 3, width);
         }
         char text[widest_number];
-        const auto end = std::to_chars(text, text + sizeof text, static_cast<double>(value),
-                                       std::chars_format::scientific, digits);
+        const auto end =
+            std::to_chars(text, text + sizeof text, static_cast<double>(value), std::chars_format::scientific, digits);
         return put_padded(to, text, static_cast<std::size_t>(end.ptr - text), width);
     }
     const auto padding = width - static_cast<int>(length) - (negative ? 1 : 0);

@@ -38,5 +38,6 @@ char* write_integer(char* to, std::int64_t value, int width);
 template <int digits>
 char* write_real(char* to, float value, int width);
 
-// True when the eight characters are just what "%8i" prints for some number: blanks, then digits without a leading zero.
+// True when the eight characters are just what "%8i" prints for some number: blanks, then digits without a leading
+// zero.
 bool is_printed_integer(const char* field);

@@ -35,7 +35,10 @@ void OutputStream::fail()
     if (failure_ == 0) failure_ = errno != 0 ? errno : EIO;
 }
 
-std::string OutputStream::failure() const { return failure_ == 0 ? std::string{} : std::strerror(failure_); }
+std::string OutputStream::failure() const
+{
+    return failure_ == 0 ? std::string{} : std::strerror(failure_);
+}
 
 void OutputStream::flush()
 {
@@ -99,4 +102,7 @@ void print(OutputStream& stream, const char* format, ...)
     va_end(values);
 }
 
-void text(OutputStream& stream, std::string_view lines) { stream.append(lines); }
+void text(OutputStream& stream, std::string_view lines)
+{
+    stream.append(lines);
+}

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-// A file that is written through a buffer. Lines end with "\n" on every system. The first failure sticks: what is written
-// after it is dropped, and the driver reports it at the end of the run.
+// A file that is written through a buffer. Lines end with "\n" on every system. The first failure sticks: what is
+// written after it is dropped, and the driver reports it at the end of the run.
 class OutputStream
 {
 public:

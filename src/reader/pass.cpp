@@ -4,11 +4,18 @@
 #include "reader/keyword.h"
 #include "reader/run.h"
 
-void skipped() { log_skipped(); }
+void skipped()
+{
+    log_skipped();
+}
 
-void passed_over() {}
+void passed_over()
+{
+}
 
-void end_of_pass() {}
+void end_of_pass()
+{
+}
 
 void run_pass(const Pass& pass)
 {

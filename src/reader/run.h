@@ -1,6 +1,6 @@
 // All that lives as long as the run: the streams, the control flags, the current keyword line, the collected settings.
-// Only driver/ opens, closes and sets them, but for the settings that the control handlers collect; everyone else reads,
-// prints and tests a flag.
+// Only driver/ opens, closes and sets them, but for the settings that the control handlers collect; everyone else
+// reads, prints and tests a flag.
 #pragma once
 
 #include <cstddef>
@@ -10,17 +10,17 @@
 
 // ---- streams -------------------------------------------------------------------------------------------------------
 
-inline constinit InputStream infile;        // what the passes read: the keyword copy, or the deck for sets and geometry
-inline constinit InputStream infile_geom;   // the deck while the keyword copy is made
-inline constinit OutputStream inpfile;      // main deck
-inline constinit OutputStream geomfile;     // geometry file
-inline constinit OutputStream setfile;      // set file
-inline constinit OutputStream accelfile;    // accelerometer file
-inline constinit OutputStream outfile;      // debug log
-inline constinit OutputStream keyword_of;   // keyword copy while it is written
+inline constinit InputStream infile;       // what the passes read: the keyword copy, or the deck for sets and geometry
+inline constinit InputStream infile_geom;  // the deck while the keyword copy is made
+inline constinit OutputStream inpfile;     // main deck
+inline constinit OutputStream geomfile;    // geometry file
+inline constinit OutputStream setfile;     // set file
+inline constinit OutputStream accelfile;   // accelerometer file
+inline constinit OutputStream outfile;     // debug log
+inline constinit OutputStream keyword_of;  // keyword copy while it is written
 
 inline constinit std::size_t stream_window = 256 * 1024;  // bytes of a deck in memory at a time
-inline constinit bool fast_cards = true;                  // bulk cards by whole lines; off: field by field, as all others
+inline constinit bool fast_cards = true;  // bulk cards by whole lines; off: field by field, as all others
 
 inline constinit KeywordIndex deck_index;  // keyword lines of the deck
 inline constinit KeywordIndex copy_index;  // keyword lines of the keyword copy
@@ -44,7 +44,8 @@ struct FileNames {
 };
 inline constinit FileNames file_names{};
 
-// ---- control flags (see docs/guide.md for what each does) ------------------------------------------------------------
+// ---- control flags (see docs/guide.md for what each does)
+// ------------------------------------------------------------
 
 inline constinit int cardflag = 0;
 inline constinit int setflag = 0;
@@ -62,38 +63,40 @@ inline constinit int accelflag = 0;
 inline constinit int debflag = 0;  // always 1: the debug log is always written
 inline constinit int edflag = 0;   // 1: some material asks for element deletion; nothing reads it
 
-// ---- what the control pass collects ----------------------------------------------------------------------------------
+// ---- what the control pass collects
+// ----------------------------------------------------------------------------------
 
 // Values of the *TITLE, *CONTROL and *DATABASE keywords. A default holds only when its keyword is absent: a blank field
 // of a present card stores 0 over it.
 struct RunSettings {
     char title[47] = " ";
-    float q1 = 1.5f;             // quadratic bulk viscosity
-    float q2 = 0.06f;            // linear bulk viscosity
-    int qtype = 1;               // bulk viscosity type
-    float slsfac = 0.1f;         // contact penalty scale factor
-    int ihq = 2;                 // hourglass type
-    float qh = 0.1f;             // hourglass coefficient
-    int soln = 0;                // solution type
-    float endtim = 0.0f;         // termination time; collected only
-    float dtinit = 0.0f;         // initial time step; collected only
-    float tssfac = 0.6f;         // time step scale factor; collected only
-    int lctm = 0;                // curve of the maximum time step
-    float plot_dt = 0.0f;        // plot interval or its curve; collected only
-    int plot_mode = 0;           // 0 constant interval, 1 interval by curve, 2 times by curve
-    float hist_dt = 0.0f;        // time history interval
-    int dump_cycles = 0;         // minus the cycles between restart dumps
-    int rsf_cycles = 0;          // minus the cycles between running restart dumps
-    int rsf_count = 0;           // number of running restart files; collected only
-    int sph_boxid = 0;           // box outside of which particles are deactivated
-    float sph_dt = 1.0e10f;      // death time of the deactivation
-    float sph_start = 0.0f;      // its birth time
-    float sph_maxv = 0.0f;       // deactivation velocity
-    int sph_memory = 0;          // neighbours per particle
+    float q1 = 1.5f;         // quadratic bulk viscosity
+    float q2 = 0.06f;        // linear bulk viscosity
+    int qtype = 1;           // bulk viscosity type
+    float slsfac = 0.1f;     // contact penalty scale factor
+    int ihq = 2;             // hourglass type
+    float qh = 0.1f;         // hourglass coefficient
+    int soln = 0;            // solution type
+    float endtim = 0.0f;     // termination time; collected only
+    float dtinit = 0.0f;     // initial time step; collected only
+    float tssfac = 0.6f;     // time step scale factor; collected only
+    int lctm = 0;            // curve of the maximum time step
+    float plot_dt = 0.0f;    // plot interval or its curve; collected only
+    int plot_mode = 0;       // 0 constant interval, 1 interval by curve, 2 times by curve
+    float hist_dt = 0.0f;    // time history interval
+    int dump_cycles = 0;     // minus the cycles between restart dumps
+    int rsf_cycles = 0;      // minus the cycles between running restart dumps
+    int rsf_count = 0;       // number of running restart files; collected only
+    int sph_boxid = 0;       // box outside of which particles are deactivated
+    float sph_dt = 1.0e10f;  // death time of the deactivation
+    float sph_start = 0.0f;  // its birth time
+    float sph_maxv = 0.0f;   // deactivation velocity
+    int sph_memory = 0;      // neighbours per particle
 };
 inline constinit RunSettings run_settings{};
 
-// ---- running counts --------------------------------------------------------------------------------------------------
+// ---- running counts
+// --------------------------------------------------------------------------------------------------
 
 struct Counts {
     int contacts = 0;    // contact keywords converted

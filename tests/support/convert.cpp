@@ -96,7 +96,10 @@ std::size_t count_lines(std::string_view text, Test&& test)
 }
 }  // namespace
 
-Written convert(void (*procedure)(), std::string_view deck) { return run(procedure, deck); }
+Written convert(void (*procedure)(), std::string_view deck)
+{
+    return run(procedure, deck);
+}
 
 Written convert(const Pass& pass, std::string_view deck)
 {

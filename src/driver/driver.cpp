@@ -1,0 +1,272 @@
+#include "driver/driver.h"
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "driver/control_file.h"
+#include "driver/faults.h"
+#include "driver/file_names.h"
+#include "driver/sections.h"
+#include "reader/keyword_copy.h"
+#include "reader/run.h"
+
+namespace
+{
+constexpr char version[] = "2.601";
+
+constexpr char help[] =
+    "Usage: morvex\n"
+    "Converts a model in the LS-DYNA keyword format to an input deck for the Kestrune solver.\n"
+    "\n"
+    "morvex runs in the current folder and takes its settings from the control file input.morvex there;\n"
+    "when there is none, it writes one with default settings to be edited, and ends with status 1.\n"
+    "\n"
+    "  --help     show this text and exit\n"
+    "  --version  show the version and exit\n"
+    "\n"
+    "Exit status: 0 converted (or nothing to do), 1 default control file written, 2 a file could not be\n"
+    "read or written.\n";
+
+// ---- the process ---------------------------------------------------------------------------------------------------
+
+// A process may be started with its standard streams closed. The files of the run would then take their places, and
+// what is meant for the terminal would end up in them: so the places are filled first.
+void fill_standard_streams()
+{
+    for (int stream = 0; stream < 3; ++stream) std::fopen("/dev/null", "r+");  // open until the process ends
+}
+
+// A reader of standard output that goes away, or a limit on the size of files, is a failed write, not the end of the
+// run.
+void take_signals_as_errors()
+{
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
+// ---- settings ------------------------------------------------------------------------------------------------------
+
+constexpr std::array<int*, ControlFile::flag_count> flags = {&cardflag, &setflag,  &geomflag, &defflag,  &stndflag,
+                                                             &contflag, &icflag,   &lcflag,   &tranflag, &amrflag,
+                                                             &sphflag,  &plotflag, &accelflag};
+
+// The control file's settings, printed and taken over.
+void take_settings(const ControlFile& control)
+{
+    if (control.in[3] == 1) std::printf("Printing comprehensive input deck\n");
+    if (control.in[3] == 0) std::printf("Printing concise input deck\n");
+    std::printf("\n%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s\n", "sourcefile", "cardflag", "setflag",
+                "geomflag", "defflag", "stndflag", "contflag", "icflag", "lcflag", "tranflag", "amrflag", "sphflag",
+                "plotflag", "accelflag");
+    const auto& in = control.in;
+    std::printf("%10s%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i\n\n", control.sourcefile.c_str(), in[0],
+                in[1], in[2], in[3], in[4], in[5], in[6], in[7], in[8], in[9], in[10], in[11], in[12]);
+    for (std::size_t i = 0; i < flags.size(); ++i) *flags[i] = in[i];
+    debflag = 1;
+}
+
+// ---- files ---------------------------------------------------------------------------------------------------------
+
+// The files that this run would create.
+std::vector<const char*> outputs()
+{
+    std::vector<const char*> names = {debug_file_name, keyword_copy_name};
+    if (accelflag == 1) names.push_back(accel_file_name);
+    if (cardflag == 1) names.push_back(file_names.card);
+    if (geomflag == 1) names.push_back(file_names.geom);
+    if (setflag == 1) names.push_back(file_names.sets);
+    return names;
+}
+
+bool same_file(const char* a, const char* b)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(a, ignored) && std::filesystem::equivalent(a, b, ignored);
+}
+
+// True when an output is the deck, the control file or another output, by its name or through a link: nothing is
+// written then.
+bool outputs_collide()
+{
+    const std::vector<const char*> names = outputs();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        for (const char* input : {static_cast<const char*>(file_names.deck), control_file_name})
+            if (same_file(names[i], input))
+                report_fault(names[i], std::string("the run would write over its own input ") + input);
+        for (std::size_t j = 0; j < i; ++j)
+            if (same_file(names[i], names[j]) || std::strcmp(names[i], names[j]) == 0)
+                report_fault(names[i], std::string("it is the same file as ") + names[j]);
+    }
+    return fault_status() != 0;
+}
+
+// Creates an output; when that fails the run goes on without it.
+void create(OutputStream& stream, const char* name, int* flag = nullptr)
+{
+    if (stream.open(name)) return;
+    report_fault(name, stream.failure());
+    if (flag != nullptr) *flag = 0;
+}
+
+void finish(OutputStream& stream, const char* name, int* flag = nullptr)
+{
+    if (!stream.is_open()) return;
+    stream.close();
+    if (stream.failure().empty()) return;
+    report_fault(name, stream.failure());
+    if (flag != nullptr) *flag = 0;
+}
+
+// Asks before an existing main deck is overwritten.
+bool may_write_main_deck()
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(file_names.card, ignored)) return true;
+    std::printf("%s already exists, but will be overwritten with the current settings (cardflag=1). Do you wish to "
+                "continue? (yes/no)\n",
+                file_names.card);
+    std::fflush(stdout);
+    char answer[5] = "";
+    if (std::scanf("%4s", answer) != 1) return false;
+    return std::string_view(answer).starts_with("yes");  // sic: "yess" will do, "YES" will not
+}
+
+void write_keyword_copy()
+{
+    keyword_writer();
+    const bool deck_read = infile_geom.failure().empty();
+    if (!deck_read) report_fault(file_names.deck, infile_geom.failure());
+    infile_geom.close();
+    if (keyword_of.failure().empty()) return;
+    report_fault(keyword_copy_name, keyword_of.failure());
+    cardflag = 0;  // the main deck is made from the copy
+}
+
+// ---- the end of the run
+// ----------------------------------------------------------------------------------------------
+
+// Writes the particle count, which the geometry passes found, over the line that the SPH section left for it.
+void rewrite_particle_count()
+{
+    if (cardflag != 1 || defflag != 1 || sphflag != 1) return;
+    char line[64];
+    const int length =
+        std::snprintf(line, sizeof line, " Initial number of SPH per processor  : %10i", counts.particles);
+    inpfile.overwrite(particle_count_position, {line, static_cast<std::size_t>(length)});
+}
+
+void finish_files()
+{
+    rewrite_particle_count();
+    text(outfile, "\n **************** FINISHED **************** \n");
+    finish(inpfile, file_names.card, &cardflag);
+    finish(geomfile, file_names.geom, &geomflag);
+    finish(setfile, file_names.sets, &setflag);
+    finish(accelfile, accel_file_name, &accelflag);
+    finish(outfile, debug_file_name, &debflag);
+}
+
+// Names what was written; a file that could not be written whole has lost its flag.
+void print_summary()
+{
+    std::printf("\nThe following output files were generated:\n");
+    if (cardflag == 1) std::printf("Kestrune main input file : %s\n", file_names.card);
+    if (geomflag == 1) std::printf("Kestrune geometry file   : %s\n", file_names.geom);
+    if (setflag == 1) std::printf("Kestrune set file        : %s\n", file_names.sets);
+    if (accelflag == 1) std::printf("Kestrune accelerometer file :%s\n", "  accel_def.kinc");
+    if (debflag == 1) std::printf("Debug file               : %s\n", "debug.morvex");
+    std::printf("\n **************** FINISHED **************** \n\n");
+}
+
+// ---- the run -------------------------------------------------------------------------------------------------------
+
+int write_default_control_file()
+{
+    std::printf("\nError: %s file does not exit . . . creating new %s . . .\n", control_file_name, control_file_name);
+    if (!writeinputs(control_file_name)) {
+        report_fault(control_file_name, "it cannot be written");
+        return fault_status();
+    }
+    std::printf("Please modify %s file as needed and rerun morvex\n", control_file_name);
+    return 1;
+}
+
+int convert()
+{
+    std::printf("\nReading input file\n");
+    std::error_code ignored;
+    if (!std::filesystem::exists(control_file_name, ignored)) return write_default_control_file();
+    if (std::FILE* control = std::fopen(control_file_name, "rb"); control != nullptr) {
+        std::fclose(control);
+    } else {
+        report_fault(control_file_name, "it cannot be read");
+        return fault_status();
+    }
+    const ControlFile control = readinputs(control_file_name);
+    take_settings(control);
+
+    const bool name_fits = set_file_names(control.sourcefile);
+    if (!name_fits) report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
+    if (name_fits && outputs_collide()) return fault_status();
+    create(outfile, debug_file_name, &debflag);
+    if (!name_fits || !infile_geom.open(file_names.deck, stream_window)) {
+        std::printf("There is no %s file\n", control.sourcefile.c_str());
+        return fault_status();
+    }
+    std::printf("Opening %s file\n", file_names.deck);
+    print(outfile, "Opening %s file\n", file_names.deck);
+    if (accelflag == 1) create(accelfile, accel_file_name);
+    if (cardflag == 1) {
+        if (!may_write_main_deck()) {
+            std::printf("exiting\n");
+            return fault_status();
+        }
+        create(inpfile, file_names.card, &cardflag);
+    }
+    if (geomflag == 1) create(geomfile, file_names.geom, &geomflag);
+    if (setflag == 1) create(setfile, file_names.sets, &setflag);
+    write_keyword_copy();
+    run_settings = {};
+    edflag = 0;
+    write_sections();
+    finish_files();
+    print_summary();
+    return fault_status();
+}
+
+// Standard output is buffered: that it could not be written may show only now.
+int finish_standard_output(int status)
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    report_fault("standard output", "it cannot be written");
+    return fault_status();
+}
+}  // namespace
+
+int morvex(int argc, char* argv[])
+{
+    fill_standard_streams();
+    take_signals_as_errors();
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument == "--help" || argument == "--version") {
+            if (argument == "--help")
+                std::fputs(help, stdout);
+            else
+                std::printf("morvex %s\n", version);
+            return finish_standard_output(0);
+        }
+    }
+    if (argc > 1) std::fputs("morvex: arguments are not used: the settings come from input.morvex\n", stderr);
+    return finish_standard_output(convert());
+}

@@ -1,0 +1,26 @@
+#include "driver/faults.h"
+
+#include <cstdio>
+#include <set>
+#include <string>
+
+namespace
+{
+std::set<std::string>& reported()
+{
+    static std::set<std::string> lines;
+    return lines;
+}
+}  // namespace
+
+void report_fault(std::string_view file, std::string_view reason)
+{
+    std::string line = "morvex: ";
+    line.append(file).append(": ").append(reason).append("\n");
+    if (reported().insert(line).second) std::fputs(line.c_str(), stderr);
+}
+
+int fault_status()
+{
+    return reported().empty() ? 0 : 2;
+}

@@ -1,0 +1,10 @@
+// Faults of the surroundings, not of the deck: a file that cannot be created, written or read.
+#pragma once
+
+#include <string_view>
+
+// Writes "morvex: <file>: <reason>" to standard error, each different line once, and lets the run end with status 2.
+void report_fault(std::string_view file, std::string_view reason);
+
+// 2 when a fault was reported, else 0.
+int fault_status();
