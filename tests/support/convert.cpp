@@ -12,19 +12,28 @@
 
 namespace fs = std::filesystem;
 
-TemporaryFolder::TemporaryFolder() : before_(fs::current_path())
+TemporaryName::TemporaryName()
 {
     std::string name = (fs::temp_directory_path() / "morvex-test-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder: " + name);
     path_ = name;
-    fs::current_path(path_);
+}
+
+TemporaryName::~TemporaryName()
+{
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+TemporaryFolder::TemporaryFolder() : before_(fs::current_path())
+{
+    fs::current_path(path());
 }
 
 TemporaryFolder::~TemporaryFolder()
 {
     std::error_code ignored;
     fs::current_path(before_, ignored);
-    fs::remove_all(path_, ignored);
 }
 
 std::string contents(const fs::path& file)

@@ -8,18 +8,30 @@
 
 #include "reader/pass.h"
 
-// A folder of its own for a test, removed with all that is in it at the end. The test runs inside it.
-class TemporaryFolder
+// A folder of its own, removed with all that is in it at the end.
+class TemporaryName
+{
+public:
+    TemporaryName();
+    ~TemporaryName();
+    TemporaryName(const TemporaryName&) = delete;
+    TemporaryName& operator=(const TemporaryName&) = delete;
+    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+// The same, and the test runs inside it.
+class TemporaryFolder : public TemporaryName
 {
 public:
     TemporaryFolder();
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
 private:
-    std::filesystem::path path_;
     std::filesystem::path before_;
 };
 

@@ -1,0 +1,158 @@
+// Golden end-to-end cases: every folder beside this file is one. It holds what a user has before a run (control file,
+// deck, what is typed on standard input in `answer`), a README that tells what it shows, and in expected/ what must be
+// there after the run, compared byte by byte:
+//
+//     <name>            a file that the run writes
+//     model.card@<T>    the section of model.card whose banner says "! <T>", up to the next banner
+//     stdout, stderr    what the terminal shows
+//     status            the exit status, when it is not 0
+//     absent            names of files that must not be there, one a line
+//
+// Each case runs three times: as it is, with a window of 64 bytes, and without the quick way through bulk cards. With
+// MORVEX_APPROVE=1 in the environment the expected files that are there are written anew from the first run: for a
+// difference that a person has read and found right.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/convert.h"
+#include "support/process.h"
+
+namespace fs = std::filesystem;
+
+namespace
+{
+const fs::path golden_folder = MORVEX_GOLDEN_FOLDER;
+
+std::vector<std::string> cases()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(golden_folder))
+        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::vector<std::string> lines_of(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+bool is_rule(std::string line)
+{
+    if (!line.empty() && line.back() == ' ') line.pop_back();
+    return line == "!" + std::string(48, '-') || line == "!" + std::string(59, '-');
+}
+
+// True when a banner begins at the line: a rule, a title, a rule.
+bool is_banner(const std::vector<std::string>& lines, std::size_t at)
+{
+    return at + 2 < lines.size() && is_rule(lines[at]) && lines[at + 1].starts_with("! ") && is_rule(lines[at + 2]);
+}
+
+std::string section_of(const std::string& deck, const std::string& title)
+{
+    const std::vector<std::string> lines = lines_of(deck);
+    std::string section;
+    bool inside = false;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        // a section may end with a rule of its own: only a rule that has a title below it begins the next one
+        if (is_banner(lines, i)) {
+            std::string found = lines[i + 1].substr(2);
+            found.erase(found.find_last_not_of(' ') + 1);
+            inside = found == title || (found.starts_with(title + " in ") && found.ends_with("|"));
+        }
+        if (inside) section += lines[i] + "\n";
+    }
+    return section;
+}
+
+// What the run left under the name of an expected file.
+std::string actual(const std::string& name, const Outcome& outcome)
+{
+    if (name == "stdout") return outcome.out;
+    if (name == "stderr") return outcome.err;
+    if (name == "status") return std::to_string(outcome.status) + "\n";
+    if (const std::size_t at = name.find('@'); at != std::string::npos)
+        return section_of(contents(name.substr(0, at)), name.substr(at + 1));
+    return contents(name);
+}
+
+// The first line that differs, both ways, with blanks and line ends made visible.
+std::string first_difference(const std::string& expected, const std::string& found)
+{
+    const std::vector<std::string> a = lines_of(expected);
+    const std::vector<std::string> b = lines_of(found);
+    std::size_t i = 0;
+    while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
+    const auto show = [&](const std::vector<std::string>& lines) {
+        return i < lines.size() ? "|" + lines[i] + "|" : std::string("(no such line)");
+    };
+    return "line " + std::to_string(i + 1) + "\n  expected " + show(a) + "\n  found    " + show(b) + "\n  (" +
+           std::to_string(expected.size()) + " and " + std::to_string(found.size()) + " characters)";
+}
+
+void run_case(const fs::path& folder, const std::string& command, bool approve)
+{
+    SCOPED_TRACE(command);
+    const TemporaryFolder work;
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.is_regular_file() && entry.path().filename() != "README") fs::copy(entry.path(), work.path());
+    std::string answer;
+    if (fs::exists("answer")) {
+        answer = contents("answer");
+        fs::remove("answer");
+    }
+    const Outcome outcome = run_command(command, answer);
+    bool status_expected = false;
+    std::size_t compared = 0;
+    for (const auto& entry : fs::directory_iterator(folder / "expected")) {
+        const std::string name = entry.path().filename().string();
+        const std::string expected = contents(entry.path());
+        ++compared;
+        if (name == "absent") {
+            for (const std::string& absent : lines_of(expected)) EXPECT_FALSE(fs::exists(absent)) << absent;
+            continue;
+        }
+        status_expected = status_expected || name == "status";
+        const std::string found = actual(name, outcome);
+        if (approve) {
+            write_file(entry.path(), found);
+            continue;
+        }
+        const bool same = name == "status" ? std::atoi(expected.c_str()) == outcome.status : found == expected;
+        EXPECT_TRUE(same) << name << ", " << first_difference(expected, found);
+    }
+    if (!status_expected) EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_GT(compared, 0U);
+}
+
+class Golden : public testing::TestWithParam<std::string>
+{
+};
+
+TEST_P(Golden, Case)
+{
+    const fs::path folder = golden_folder / GetParam();
+    const bool approve = std::getenv("MORVEX_APPROVE") != nullptr;
+    run_case(folder, program(), approve);
+    run_case(folder, tiny_window_program(), false);
+    run_case(folder, general_program(), false);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Golden, testing::ValuesIn(cases()), [](const auto& info) {
+    std::string name = info.param;
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+});
+}  // namespace

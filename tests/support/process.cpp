@@ -1,0 +1,40 @@
+#include "support/process.h"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "support/convert.h"
+
+namespace
+{
+const char* const epoch = "SOURCE_DATE_EPOCH=1709640000 ";  // 2024-03-05
+}  // namespace
+
+Outcome run_command(const std::string& command, const std::string& input)
+{
+    const TemporaryName folder;
+    const std::string base = folder.path().string();
+    write_file(base + "/in", input);
+    const std::string line =
+        std::string(epoch) + command + " <'" + base + "/in' >'" + base + "/out' 2>'" + base + "/err'";
+    const int status = std::system(line.c_str());
+    Outcome outcome;
+    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    outcome.out = contents(base + "/out");
+    outcome.err = contents(base + "/err");
+    return outcome;
+}
+
+std::string program()
+{
+    return MORVEX_PROGRAM;
+}
+std::string tiny_window_program()
+{
+    return MORVEX_VARIANT " 64 1";
+}
+std::string general_program()
+{
+    return MORVEX_VARIANT " 262144 0";
+}

@@ -1,0 +1,19 @@
+// Running the program as a user starts it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+struct Outcome {
+    int status = -1;  // exit status; 128 and the signal's number when a signal ended it
+    std::string out;  // standard output
+    std::string err;  // standard error
+};
+
+// Runs a shell command in the present folder, with `input` typed on standard input, and the clock at 5 March 2024.
+Outcome run_command(const std::string& command, const std::string& input = "");
+
+// The program itself, and the variant with a window of 64 bytes or without the quick way through bulk cards.
+std::string program();
+std::string tiny_window_program();
+std::string general_program();
