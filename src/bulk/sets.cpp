@@ -1,6 +1,8 @@
 // The set file, and the index of the sets in the main deck.
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 
 #include "bulk/bulk.h"
@@ -67,9 +69,7 @@ bool titled()
         "*SET_NODE_TITLE", "*SET_NODE_LIST_TITLE", "*SET_SOLID_TITLE", "*SET_SOLID_LIST_TITLE",
         "*SET_PART_TITLE", "*SET_PART_LIST_TITLE", "*SET_SHELL_TITLE", "*SET_SHELL_LIST_TITLE",
     };
-    for (const std::string_view variant : variants)
-        if (keyword_is(variant)) return true;
-    return false;
+    return std::any_of(std::begin(variants), std::end(variants), keyword_is);
 }
 
 const char* type_word(SetType type)

@@ -52,7 +52,7 @@ public:
     [[nodiscard]] std::string failure() const;
 
 private:
-    static constexpr std::size_t capacity = 128 * 1024;
+    static constexpr std::size_t capacity = 128U * 1024U;
 
     void flush();
     void fail();

@@ -64,12 +64,15 @@ std::string section_of(const std::string& deck, const std::string& title)
     const std::vector<std::string> lines = lines_of(deck);
     std::string section;
     bool inside = false;
+    std::size_t banner = 0;  // lines of a banner that are still to come
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        // a section may end with a rule of its own: only a rule that has a title below it begins the next one
-        if (is_banner(lines, i)) {
+        if (banner > 0) {
+            --banner;
+        } else if (is_banner(lines, i)) {
+            banner = 2;
             std::string found = lines[i + 1].substr(2);
             found.erase(found.find_last_not_of(' ') + 1);
-            inside = found == title || (found.starts_with(title + " in ") && found.ends_with("|"));
+            inside = found == title;
         }
         if (inside) section += lines[i] + "\n";
     }
