@@ -1,0 +1,163 @@
+#include <cstddef>
+#include <cstdio>
+#include <initializer_list>
+
+#include "loading/contact_cards.h"
+#include "loading/contact_options.h"
+#include "loading/loading.h"
+#include "reader/card.h"
+#include "reader/debug_log.h"
+#include "reader/deck_lines.h"
+#include "reader/keyword.h"
+#include "reader/run.h"
+
+namespace
+{
+void log_fields(std::initializer_list<Field> fields)
+{
+    for (const Field& field : fields) log_field(field);
+}
+
+void log_contact(const ContactCards& cards, bool titled)
+{
+    const auto& [sides, friction, scales, erosion, a, eroding, has_a] = cards;
+    log_recognized();
+    if (titled) log_ignored_title();
+    text(outfile, "ignored optional cards b and c\n");
+    log_unused({
+        {"msid",   sides.msid     },
+        {"sstyp",  sides.sstyp    },
+        {"mstyp",  sides.mstyp    },
+        {"sboxid", sides.sboxid   },
+        {"mboxid", sides.mboxid   },
+        {"spr",    sides.spr      },
+        {"mpr",    sides.mpr      },
+        {"fs",     friction.fs    },
+        {"fd",     friction.fd    },
+        {"dc",     friction.dc    },
+        {"vc",     friction.vc    },
+        {"vdc",    friction.vdc   },
+        {"penchk", friction.penchk},
+        {"bt",     friction.bt    },
+        {"dt",     friction.dt    }
+    });
+    if (a.soft != 0) log_field({"sfs", scales.sfs});  // otherwise it is the penalty scale factor
+    log_fields({
+        {"sfm",  scales.sfm },
+        {"sst",  scales.sst },
+        {"mst",  scales.mst },
+        {"sfmt", scales.sfmt},
+        {"fsf",  scales.fsf },
+        {"vsf",  scales.vsf }
+    });
+    if (eroding)
+        log_fields({
+            {"isym",   erosion.isym  },
+            {"erosop", erosion.erosop},
+            {"iadj",   erosion.iadj  }
+        });
+    if (!has_a) return;
+    if (a.soft == 0) log_field({"sofscl", a.sofscl});
+    log_fields({
+        {"lcidab", a.lcidab},
+        {"maxpar", a.maxpar},
+        {"sbopt",  a.sbopt },
+        {"depth",  a.depth },
+        {"frcfrq", a.frcfrq}
+    });
+}
+
+void to_contact()
+{
+    counts.contacts = contact(counts.contacts);
+}
+
+// The two automatic contacts that can become tied nodes; sic: other values of the flag silence them, and them alone.
+void to_contact_or_tied_nodes()
+{
+    if (contflag == 1) to_contact();
+    if (contflag == 2) counts.tied_nodes = surfcon2tnodes(counts.tied_nodes);
+}
+
+// A longer keyword is compared over what is kept of a keyword line.
+constexpr std::size_t kept = sizeof cbuffer - 1;
+
+constexpr PassRow contact_rows[] = {
+    {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR",                            skipped                 },
+    {"*CONTACT_AUTOMATIC_GENERAL",                                     to_contact              },
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE",                            to_contact_or_tied_nodes},
+    {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", kept}, skipped                 },
+    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE",                  to_contact              },
+    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE",                              to_contact              },
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK",                 skipped                 },
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE",                          to_contact_or_tied_nodes},
+    {"*CONTACT_ERODING_NODES_TO_SURFACE",                              to_contact              },
+    {"*CONTACT_ERODING_SINGLE_SURFACE",                                to_contact              },
+    {"*CONTACT_ERODING_SURFACE_TO_SURFACE",                            to_contact              },
+    {"*CONTACT_NODES_TO_SURFACE_INTERFERENCE",                         skipped                 },
+    {"*CONTACT_NODES_TO_SURFACE",                                      to_contact              },
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE_INTERFERENCE",               skipped                 },
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE",                            to_contact              },
+    {"*CONTACT_SINGLE_SURFACE",                                        to_contact              },
+    {"*CONTACT_SURFACE_TO_SURFACE_CONTRACTION_JOINT",                  skipped                 },
+    {"*CONTACT_SURFACE_TO_SURFACE_INTERFERENCE",                       skipped                 },
+    {"*CONTACT_SURFACE_TO_SURFACE",                                    to_contact              },
+    {"*CONTACT",                                                       skipped                 },
+    {"*END",                                                           end_of_pass             },
+};
+static_assert(every_row_reachable(contact_rows));
+}  // namespace
+
+const Pass contact_keywords{"contact", contact_rows};
+
+// *CONTACT_...: the first contact sets the options of all, since the solver has one contact scheme for the whole model;
+// the pair of each is written as an inactive line to start from.
+int contact(int count)
+{
+    const int cid = count + 1;
+    const bool titled = keyword_ends_in("ID");
+    if (titled) skip_title();
+    const ContactCards cards = read_contact_cards();
+
+    float penalty_scale = cards.a.soft != 0 ? cards.a.sofscl : cards.scales.sfs;
+    if (penalty_scale == 0.0f) penalty_scale = 1.0f;
+
+    constexpr int range_search = 0;
+    // A slave side asks for the pairwise scheme 2, which is never written.
+    if (cards.sides.ssid != 0 && cid == 1)
+        std::printf("\nWarning: Contact Scheme 2 being used. Changing to global contact scheme 0.\n");
+
+    if (cid == 1)
+        write_contact_options({.scheme = range_search,
+                               .searches = cards.a.bsort,
+                               .soft = cards.a.soft,
+                               .penalty_scale = penalty_scale,
+                               .shell_thickness = cards.scales.sfst});
+
+    // sic: the same inactive pair for every contact
+    print(inpfile, "!Contact set pair                     : %5i %4i %4i %4.1f", 1, 1, 2, 1.0);
+    text(inpfile, "   !--- CID  SSID  MSID  PSF\n");
+
+    log_contact(cards, titled);
+    return cid;
+}
+
+void contact_section()
+{
+    const bool full = defflag == 1;
+    const bool standards_file = stndflag != 0;
+
+    if (!standards_file || full) {
+        banner(inpfile, "Contact Section");
+        text(inpfile, "\n");
+    }
+    run_pass(contact_keywords);
+    if (counts.tied_nodes > 0) text(inpfile, "\n");
+    if (counts.contacts == 0) {
+        std::printf("\nWarning: No contact card found - Contact turned off\n");
+        if (!standards_file) write_default_contact_options();
+        if (full) write_thermal_and_friction_template();
+    }
+    if (full && contflag != 2) write_tied_node_template();
+    text(inpfile, "\n\n");
+}
