@@ -3,7 +3,8 @@
 
 #include "reader/pass.h"
 
-// The section with its banner, column headers and six passes.
+// The section with its banner, column headers and six passes. Failure definitions stand before hourglass definitions,
+// and these before the materials, though failure and material pass read the same keywords.
 void part_descriptions();
 
 // The pass tables, in the order in which the section runs them; for docs and tests.
@@ -13,6 +14,9 @@ extern const Pass eos_keywords;
 extern const Pass failure_keywords;
 extern const Pass hourglass_keywords;
 extern const Pass material_keywords;
+
+// The handlers. Each is called with its keyword line in cbuffer and converts the first definition of the block; part
+// alone converts all of them.
 
 void part();  // *PART
 
@@ -43,7 +47,8 @@ void matsimpjohnsoncook();          // *MAT_SIMPLIFIED_JOHNSON_COOK
 void matsteinberg();                // *MAT_STEINBERG_TITLE
 void matviscoelastic();             // *MAT_VISCOELASTIC
 
-// One failure definition for a material of the given type number.
+// The failure definition of a material keyword, under the material's identifier. mtyp is the type number that the pass
+// gives the keyword (1, 3, 6, 8 to 13, 15, 20, 43, 98). Nothing is logged. Sets edflag.
 void failure(int mtyp);
 
 void hourglass();  // *HOURGLASS
