@@ -1,0 +1,107 @@
+// *SECTION_SOLID, *SECTION_SHELL, *SECTION_SPH: a section becomes an element formulation under the section's
+// identifier.
+#include <cstdio>
+
+#include "materials/definition.h"
+#include "materials/materials.h"
+#include "reader/card.h"
+#include "reader/debug_log.h"
+#include "reader/keyword.h"
+#include "reader/run.h"
+
+namespace
+{
+void write_formulation(const Word& secid, int eform)
+{
+    text(inpfile, "\n!---------------------------------- FORMID     EFORM\n");
+    print(inpfile, " Element formulation definition:%10s%10i\n", secid.text, eform);
+}
+
+void warn_of_formulation(int elform, const char* kind, const Word& secid)
+{
+    std::printf("\nWarning: Element formulation %i not available\n", elform);
+    std::printf("Assuming default element form for section %s %s\n", kind, secid.text);
+}
+}  // namespace
+
+void sectionsolid()
+{
+    const bool titled = keyword_is("*SECTION_SOLID_TITLE");
+    if (titled) skip_title();
+    Card card;
+    Word secid;
+    int elform, aet;
+    first_card(card, secid, elform, aet);
+
+    log_recognized();
+    if (titled)
+        log_ignored_title();
+    else if (keyword_is("*SECTION_SOLID_"))
+        text(outfile, "additional options ignored on cards 2 and up\n");
+    log_unused({{"aet", aet}});
+
+    int eform = elform;
+    if (elform != 1 && elform != 2) {
+        warn_of_formulation(elform, "solid", secid);
+        print(outfile, "%10s:%10i . . . Changed to 1 for Kestrune input\n", "elform", elform);
+        eform = 1;
+    }
+    write_formulation(secid, eform);
+}
+
+void sectionshell()
+{
+    const bool titled = keyword_is("*SECTION_SHELL_TITLE");
+    if (titled) skip_title();
+    Card card;
+    Word secid;
+    int elform, nip, propt, irid, icomp, setyp;
+    float shrf;
+    first_card(card, secid, elform, shrf, nip, propt, irid, icomp, setyp);
+    float t1, t2, t3, t4, marea, idof;
+    int nloc, edgset;
+    another_card(card, t1, t2, t3, t4, nloc, marea, idof, edgset);
+
+    log_recognized();
+    if (titled)
+        log_ignored_title();
+    else if (keyword_is("*SECTION_SHELL_"))
+        text(outfile, "additional options ignored on cards 3 and up\n");
+    log_unused({{"icomp", icomp},
+                {"settyp", setyp},  // sic: a "t" more than the field's name
+                {"marea", marea},
+                {"idof", idof},
+                {"edgset", edgset}});
+
+    int eform = 100;
+    if (elform >= 0 && elform <= 5) {
+        eform += elform;
+    } else {
+        warn_of_formulation(elform, "shell", secid);
+        print(outfile, "%10s:%10i . . . Changed to 100 for Kestrune input\n", "elform", elform);
+    }
+    write_formulation(secid, eform);
+    print(inpfile, "!%11s%10s%10s%10s%10s\n", "shf", "nip", "output", "irid", "refloc");
+    print(inpfile, "%12.1f%10i%10i%10i%10i\n", wide(shrf), nip, propt, irid, nloc);
+    print(inpfile, "!%11s%10s%10s%10s\n", "t1", "t2", "t3", "t4");
+    print(inpfile, "%12.3e%10.3e%10.3e%10.3e\n", wide(t1), wide(t2), wide(t3), wide(t4));
+}
+
+void sectionsph()
+{
+    const bool titled = keyword_is("*SECTION_SPH_TITLE");
+    if (titled) skip_title();
+    Card card;
+    Word secid;
+    float cslh, hmin, hmax, sphini, death, start;
+    first_card(card, secid, cslh, hmin, hmax, sphini, death, start);
+
+    log_recognized();
+    if (titled) log_ignored_title();
+    // sic: *SECTION_SPH_TENSOR_TITLE is not known to have a title: its title card is read as card 1
+    if (keyword_is("*SECTION_SPH_TENSOR")) text(outfile, "additional options ignored on cards 2 and up\n");
+    log_unused(
+        {{"cslh", cslh}, {"hmin", hmin}, {"hmax", hmax}, {"sphini", sphini}, {"death", death}, {"start", start}});
+
+    write_formulation(secid, 200);
+}
