@@ -1,0 +1,47 @@
+// Rubbers and viscoelastic materials.
+#include "materials/definition.h"
+#include "materials/materials.h"
+#include "reader/card.h"
+#include "reader/debug_log.h"
+#include "reader/keyword.h"
+
+// *MAT_MOONEY-RIVLIN_RUBBER
+void matmooney()
+{
+    // sic: the default title is two characters wider than its column
+    const Title title = title_if(keyword_is("*MAT_MOONEY-RIVLIN_RUBBER_TITLE"), "M-R Rubber            ");
+    Card card;
+    Word mid;
+    float ro, pr, a, b, ref;
+    first_card(card, mid, ro, pr, a, b, ref);
+    float sgl, sw, st, lcid;
+    another_card(card, sgl, sw, st, lcid);
+
+    write_material(mid, 27, ro, title);  // sic: but its failure definition is made as for type 6
+    write_group({{"a", a}, {"b", b}, {"nu", pr}});
+    write_blank_slots(5);
+
+    log_recognized();
+    log_unused({{"ref", ref}, {"sgl", sgl}, {"sw", sw}, {"st", st}, {"lcid", lcid}});
+}
+
+// *MAT_VISCOELASTIC
+void matviscoelastic()
+{
+    const Title title = title_if(keyword_is("*MAT_VISCOELASTIC_TITLE"), "Viscoelastic        ");
+    Card card;
+    Word mid;
+    float ro, bulk, g0, gi, beta;
+    first_card(card, mid, ro, bulk, g0, gi, beta);
+
+    write_material(mid, 6, ro, title);
+    write_singly({{"bulk", bulk},
+                  {"g0", g0},
+                  {"ginf", gi},
+                  {"beta", beta, Form::two_decimals},
+                  {"mflag", 0.0f, Form::one_decimal}});
+    write_blank_slots(1);
+
+    log_recognized();
+    log_unused({});
+}
