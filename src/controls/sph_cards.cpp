@@ -1,0 +1,78 @@
+// The keywords behind the SPH section: *CONTROL_SPH, and the parts that are made of particles.
+#include <string_view>
+
+#include "controls/controls.h"
+#include "reader/card.h"
+#include "reader/debug_log.h"
+#include "reader/keyword.h"
+#include "reader/run.h"
+
+namespace
+{
+// True when a *SECTION_SPH has this SECID, character for character. Leaves infile where it stands.
+bool is_particle_section(std::string_view secid)
+{
+    const Position here = infile.position();
+    infile.rewind();
+    bool found = false;
+    while (!found) {
+        keyword();
+        if (keyword_is("*END")) break;
+        if (!keyword_is("*SECTION_SPH")) continue;
+        if (keyword_is("*SECTION_SPH_TITLE")) skip_title();
+        Card card;
+        card.first();
+        found = card.word().text == secid;
+    }
+    infile.seek(here);
+    return found;
+}
+
+constexpr PassRow sph_rows[] = {
+    {"*CONTROL_SPH", csph},
+    {"*END", end_of_pass},
+};
+static_assert(every_row_reachable(sph_rows));
+
+constexpr PassRow sph_part_rows[] = {
+    {"*PART_ADAPTIVE", passed_over}, {"*PART_COMPOSITE", passed_over}, {"*PART_MODES", passed_over},
+    {"*PART_SENSOR", passed_over},   {"*PART_MOVE", passed_over},      {"*PART", partsph},
+    {"*END", end_of_pass},
+};
+static_assert(every_row_reachable(sph_part_rows));
+}  // namespace
+
+const Pass sph_keywords{"SPH", sph_rows};
+const Pass sph_part_keywords{"SPH part", sph_part_rows};
+
+void csph()
+{
+    Card card;
+    card.first();
+    const int ncbs = card.integer();
+    run_settings.sph_boxid = card.integer();
+    run_settings.sph_dt = card.real();
+    const int idim = card.integer();
+    run_settings.sph_memory = card.integer();
+    const int form = card.integer();
+    run_settings.sph_start = card.real();
+    run_settings.sph_maxv = card.real();
+    log_recognized();
+    text(outfile, "ignore optional card 2\n");
+    log_unused({{"ncbs", ncbs}, {"idim", idim}, {"form", form}});
+}
+
+void partsph()
+{
+    constexpr double factor = 1.5;  // of the smoothing length
+    skip_title();
+    Card card;
+    card.first();
+    const int pid = card.integer();
+    const Word secid = card.word();
+    if (is_particle_section(secid.text))
+        print(inpfile,
+              " Smoothing length                     : %5i%5.1f%5i"
+              "   !--- pid; factor; neighbors\n",
+              pid, factor, run_settings.sph_memory);
+}
