@@ -222,10 +222,15 @@ TEST_F(Contact, OnlyTheExactFlagAsksForTheComprehensiveDeck)
     EXPECT_EQ(convert(contact_section, "*END\n").deck, "\n\n");
 }
 
-TEST_F(Contact, TiedNodeConversionLeavesOutTheTiedNodeTemplate)
+TEST_F(Contact, OnlyTiedNodeConversionLeavesOutTheTiedNodeTemplate)
 {
     stndflag = 1;
     defflag = 1;
+    for (const int flag : {0, 1, 3}) {
+        contflag = flag;
+        EXPECT_EQ(convert(contact_section, "*END\n").deck,
+                  contact_banner + thermal_and_friction_template + tied_node_template + "\n\n");
+    }
     contflag = 2;
     EXPECT_EQ(convert(contact_section, "*END\n").deck, contact_banner + thermal_and_friction_template + "\n\n");
 }
