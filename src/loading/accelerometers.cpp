@@ -15,7 +15,7 @@ void to_accelerometer()
 
 constexpr PassRow accelerometer_rows[] = {
     {"*DEFINE_COORDINATE_NODES", to_accelerometer},
-    {"*END",                     end_of_pass     },
+    {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(accelerometer_rows));
 }  // namespace

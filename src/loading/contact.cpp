@@ -24,47 +24,33 @@ void log_contact(const ContactCards& cards, bool titled)
     log_recognized();
     if (titled) log_ignored_title();
     text(outfile, "ignored optional cards b and c\n");
-    log_unused({
-        {"msid",   sides.msid     },
-        {"sstyp",  sides.sstyp    },
-        {"mstyp",  sides.mstyp    },
-        {"sboxid", sides.sboxid   },
-        {"mboxid", sides.mboxid   },
-        {"spr",    sides.spr      },
-        {"mpr",    sides.mpr      },
-        {"fs",     friction.fs    },
-        {"fd",     friction.fd    },
-        {"dc",     friction.dc    },
-        {"vc",     friction.vc    },
-        {"vdc",    friction.vdc   },
-        {"penchk", friction.penchk},
-        {"bt",     friction.bt    },
-        {"dt",     friction.dt    }
-    });
+    log_unused({{"msid", sides.msid},
+                {"sstyp", sides.sstyp},
+                {"mstyp", sides.mstyp},
+                {"sboxid", sides.sboxid},
+                {"mboxid", sides.mboxid},
+                {"spr", sides.spr},
+                {"mpr", sides.mpr},
+                {"fs", friction.fs},
+                {"fd", friction.fd},
+                {"dc", friction.dc},
+                {"vc", friction.vc},
+                {"vdc", friction.vdc},
+                {"penchk", friction.penchk},
+                {"bt", friction.bt},
+                {"dt", friction.dt}});
     if (a.soft != 0) log_field({"sfs", scales.sfs});  // otherwise it is the penalty scale factor
-    log_fields({
-        {"sfm",  scales.sfm },
-        {"sst",  scales.sst },
-        {"mst",  scales.mst },
-        {"sfmt", scales.sfmt},
-        {"fsf",  scales.fsf },
-        {"vsf",  scales.vsf }
-    });
-    if (eroding)
-        log_fields({
-            {"isym",   erosion.isym  },
-            {"erosop", erosion.erosop},
-            {"iadj",   erosion.iadj  }
-        });
+    log_fields({{"sfm", scales.sfm},
+                {"sst", scales.sst},
+                {"mst", scales.mst},
+                {"sfmt", scales.sfmt},
+                {"fsf", scales.fsf},
+                {"vsf", scales.vsf}});
+    if (eroding) log_fields({{"isym", erosion.isym}, {"erosop", erosion.erosop}, {"iadj", erosion.iadj}});
     if (!has_a) return;
     if (a.soft == 0) log_field({"sofscl", a.sofscl});
-    log_fields({
-        {"lcidab", a.lcidab},
-        {"maxpar", a.maxpar},
-        {"sbopt",  a.sbopt },
-        {"depth",  a.depth },
-        {"frcfrq", a.frcfrq}
-    });
+    log_fields(
+        {{"lcidab", a.lcidab}, {"maxpar", a.maxpar}, {"sbopt", a.sbopt}, {"depth", a.depth}, {"frcfrq", a.frcfrq}});
 }
 
 void to_contact()
@@ -83,27 +69,27 @@ void to_contact_or_tied_nodes()
 constexpr std::size_t kept = sizeof cbuffer - 1;
 
 constexpr PassRow contact_rows[] = {
-    {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR",                            skipped                 },
-    {"*CONTACT_AUTOMATIC_GENERAL",                                     to_contact              },
-    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE",                            to_contact_or_tied_nodes},
-    {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", kept}, skipped                 },
-    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE",                  to_contact              },
-    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE",                              to_contact              },
-    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK",                 skipped                 },
-    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE",                          to_contact_or_tied_nodes},
-    {"*CONTACT_ERODING_NODES_TO_SURFACE",                              to_contact              },
-    {"*CONTACT_ERODING_SINGLE_SURFACE",                                to_contact              },
-    {"*CONTACT_ERODING_SURFACE_TO_SURFACE",                            to_contact              },
-    {"*CONTACT_NODES_TO_SURFACE_INTERFERENCE",                         skipped                 },
-    {"*CONTACT_NODES_TO_SURFACE",                                      to_contact              },
-    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE_INTERFERENCE",               skipped                 },
-    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE",                            to_contact              },
-    {"*CONTACT_SINGLE_SURFACE",                                        to_contact              },
-    {"*CONTACT_SURFACE_TO_SURFACE_CONTRACTION_JOINT",                  skipped                 },
-    {"*CONTACT_SURFACE_TO_SURFACE_INTERFERENCE",                       skipped                 },
-    {"*CONTACT_SURFACE_TO_SURFACE",                                    to_contact              },
-    {"*CONTACT",                                                       skipped                 },
-    {"*END",                                                           end_of_pass             },
+    {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR", skipped},
+    {"*CONTACT_AUTOMATIC_GENERAL", to_contact},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", to_contact_or_tied_nodes},
+    {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", kept}, skipped},
+    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", to_contact},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK", skipped},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", to_contact_or_tied_nodes},
+    {"*CONTACT_ERODING_NODES_TO_SURFACE", to_contact},
+    {"*CONTACT_ERODING_SINGLE_SURFACE", to_contact},
+    {"*CONTACT_ERODING_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT_NODES_TO_SURFACE_INTERFERENCE", skipped},
+    {"*CONTACT_NODES_TO_SURFACE", to_contact},
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT_SINGLE_SURFACE", to_contact},
+    {"*CONTACT_SURFACE_TO_SURFACE_CONTRACTION_JOINT", skipped},
+    {"*CONTACT_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
+    {"*CONTACT_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT", skipped},
+    {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(contact_rows));
 }  // namespace

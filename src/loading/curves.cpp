@@ -23,15 +23,9 @@ void log_applied(const char* name, float value)
 }
 
 constexpr PassRow curve_rows[] = {
-    {"*DEFINE_CURVE_COMPENSATION", skipped    },
-    {"*DEFINE_CURVE_DRAWBEAD",     skipped    },
-    {"*DEFINE_CURVE_ENTITY",       skipped    },
-    {"*DEFINE_CURVE_FEEDBACK",     skipped    },
-    {"*DEFINE_CURVE_FUNCTION",     skipped    },
-    {"*DEFINE_CURVE_SMOOTH",       skipped    },
-    {"*DEFINE_CURVE_TRIM",         skipped    },
-    {"*DEFINE_CURVE",              definecurve},
-    {"*END",                       end_of_pass},
+    {"*DEFINE_CURVE_COMPENSATION", skipped}, {"*DEFINE_CURVE_DRAWBEAD", skipped}, {"*DEFINE_CURVE_ENTITY", skipped},
+    {"*DEFINE_CURVE_FEEDBACK", skipped},     {"*DEFINE_CURVE_FUNCTION", skipped}, {"*DEFINE_CURVE_SMOOTH", skipped},
+    {"*DEFINE_CURVE_TRIM", skipped},         {"*DEFINE_CURVE", definecurve},      {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(curve_rows));
 }  // namespace
@@ -67,9 +61,7 @@ void definecurve()
     }
 
     log_recognized();
-    log_unused({
-        {"sidr", sidr}
-    });
+    log_unused({{"sidr", sidr}});
     log_applied("sfa", sfa);
     log_applied("sfo", sfo);
     log_applied("offa", offa);
