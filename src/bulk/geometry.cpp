@@ -11,6 +11,11 @@ constexpr PassRow node_rows[] = {
 };
 static_assert(every_row_reachable(node_rows));
 
+constexpr Conversion node_conversions[] = {
+    {node, "node", "Node Definition"},
+};
+static_assert(every_action_described(node_rows, node_conversions));
+
 constexpr PassRow shell_rows[] = {
     {"*ELEMENT_SHELL_BETA", eshellt},
     {"*ELEMENT_SHELL_DOF", skipped},
@@ -22,23 +27,39 @@ constexpr PassRow shell_rows[] = {
 };
 static_assert(every_row_reachable(shell_rows));
 
+constexpr Conversion shell_conversions[] = {
+    {eshell, "eshell", "Shell Element Definition"},
+    {eshellt, "eshellt", "Shell Element Definition"},
+};
+static_assert(every_action_described(shell_rows, shell_conversions));
+
 constexpr PassRow solid_rows[] = {
     {"*ELEMENT_SOLID_ORTHO", skipped}, {"*ELEMENT_SOLID_DOF", skipped}, {"*ELEMENT_SOLID_TET", skipped},
     {"*ELEMENT_SOLID", esolid},        {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(solid_rows));
 
+constexpr Conversion solid_conversions[] = {
+    {esolid, "esolid", "Solid Element Definition"},
+};
+static_assert(every_action_described(solid_rows, solid_conversions));
+
 constexpr PassRow sph_element_rows[] = {
     {"*ELEMENT_SPH", esph},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(sph_element_rows));
+
+constexpr Conversion sph_element_conversions[] = {
+    {esph, "esph", "SPH Element Definition"},
+};
+static_assert(every_action_described(sph_element_rows, sph_element_conversions));
 }  // namespace
 
-const Pass node_keywords{"nodes", node_rows};
-const Pass shell_keywords{"shells", shell_rows};
-const Pass solid_keywords{"solids", solid_rows};
-const Pass sph_element_keywords{"particles", sph_element_rows};
+const Pass node_keywords{"nodes", node_rows, node_conversions};
+const Pass shell_keywords{"shells", shell_rows, shell_conversions};
+const Pass solid_keywords{"solids", solid_rows, solid_conversions};
+const Pass sph_element_keywords{"particles", sph_element_rows, sph_element_conversions};
 
 void geometry_section()
 {

@@ -59,6 +59,13 @@ constexpr PassRow set_rows[] = {
 };
 static_assert(every_row_reachable(set_rows));
 
+constexpr Conversion set_conversions[] = {
+    {node_set, "setcard", "Node set definition"},         {solid_set, "setcard", "Element set definition"},
+    {shell_set, "setcard", "Element set definition"},     {part_set, "setcard", "Part set definition"},
+    {setsegment, "setsegment", "Segment set definition"},
+};
+static_assert(every_action_described(set_rows, set_conversions));
+
 constexpr std::string_view index_rule = "!-----------------------------------------------------------\n";
 
 constexpr Title no_title{" "};
@@ -203,7 +210,7 @@ SegmentAttributes convert_segment(std::string_view line)
 }
 }  // namespace
 
-const Pass set_keywords{"sets", set_rows};
+const Pass set_keywords{"sets", set_rows, set_conversions};
 
 void setcard(SetType type)
 {

@@ -29,9 +29,24 @@ constexpr PassRow control_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(control_rows));
+
+constexpr Conversion control_conversions[] = {
+    {titlecard, "titlecard", "title of the main deck"},
+    {cviscosity, "cviscosity", "bulk viscosity lines"},
+    {ccontact, "ccontact", "contact penalty scale factor line"},
+    {chourglass, "chourglass", "hourglass stabilization lines"},
+    {csolution, "csolution", "solution type line"},
+    {term, "term", "nothing: the termination time is a fixed value"},
+    {tstep, "tstep", "maximum time step line"},
+    {database_dump, "database_dump", "restart frequency line"},
+    {database_plot, "database_plot", "nothing: the plot frequency is a fixed value"},
+    {database_runrsf, "database_runrsf", "running restart frequency line"},
+    {database, "database", "time history frequency line"},
+};
+static_assert(every_action_described(control_rows, control_conversions));
 }  // namespace
 
-const Pass control_keywords{"control", control_rows};
+const Pass control_keywords{"control", control_rows, control_conversions};
 
 void control_pass()
 {

@@ -49,19 +49,44 @@ void histset(Kind kind)
     log_unused({});
 }
 
+void node_sets()
+{
+    histset(Kind::node);
+}
+void element_sets()
+{
+    histset(Kind::element);
+}
+void nodes()
+{
+    histid(Kind::node);
+}
+void elements()
+{
+    histid(Kind::element);
+}
+
 constexpr PassRow history_rows[] = {
-    {"*DATABASE_HISTORY_NODE_SET", [] { histset(Kind::node); }},
-    {"*DATABASE_HISTORY_SOLID_SET", [] { histset(Kind::element); }},
-    {"*DATABASE_HISTORY_SHELL_SET", [] { histset(Kind::element); }},
-    {"*DATABASE_HISTORY_NODE", [] { histid(Kind::node); }, [] { return !keyword_is("*DATABASE_HISTORY_NODE_"); }},
-    {"*DATABASE_HISTORY_SOLID", [] { histid(Kind::element); }, [] { return !keyword_is("*DATABASE_HISTORY_SOLID_"); }},
-    {"*DATABASE_HISTORY_SHELL", [] { histid(Kind::element); }, [] { return !keyword_is("*DATABASE_HISTORY_SHELL_"); }},
+    {"*DATABASE_HISTORY_NODE_SET", node_sets},
+    {"*DATABASE_HISTORY_SOLID_SET", element_sets},
+    {"*DATABASE_HISTORY_SHELL_SET", element_sets},
+    {"*DATABASE_HISTORY_NODE", nodes, [] { return !keyword_is("*DATABASE_HISTORY_NODE_"); }},
+    {"*DATABASE_HISTORY_SOLID", elements, [] { return !keyword_is("*DATABASE_HISTORY_SOLID_"); }},
+    {"*DATABASE_HISTORY_SHELL", elements, [] { return !keyword_is("*DATABASE_HISTORY_SHELL_"); }},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(history_rows));
+
+constexpr Conversion history_conversions[] = {
+    {node_sets, "histset", "Node history set"},
+    {element_sets, "histset", "Element history set"},
+    {nodes, "histid", "Node history"},
+    {elements, "histid", "Element history"},
+};
+static_assert(every_action_described(history_rows, history_conversions));
 }  // namespace
 
-const Pass history_keywords{"history", history_rows};
+const Pass history_keywords{"history", history_rows, history_conversions};
 
 void history()
 {

@@ -34,16 +34,27 @@ constexpr PassRow sph_rows[] = {
 };
 static_assert(every_row_reachable(sph_rows));
 
+constexpr Conversion sph_conversions[] = {
+    {csph, "csph", "values of the deactivation lines"},
+};
+static_assert(every_action_described(sph_rows, sph_conversions));
+
 constexpr PassRow sph_part_rows[] = {
     {"*PART_ADAPTIVE", passed_over}, {"*PART_COMPOSITE", passed_over}, {"*PART_MODES", passed_over},
-    {"*PART_SENSOR", passed_over},   {"*PART_MOVE", passed_over},      {"*PART", partsph},
+    {"*PART_SENSOR", passed_over},   {"*PART_MOVE", passed_over},      {"*PART", partsph},  // every other option
+
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(sph_part_rows));
+
+constexpr Conversion sph_part_conversions[] = {
+    {partsph, "partsph", "Smoothing length, for parts whose section is a *SECTION_SPH"},
+};
+static_assert(every_action_described(sph_part_rows, sph_part_conversions));
 }  // namespace
 
-const Pass sph_keywords{"SPH", sph_rows};
-const Pass sph_part_keywords{"SPH part", sph_part_rows};
+const Pass sph_keywords{"SPH", sph_rows, sph_conversions};
+const Pass sph_part_keywords{"SPH part", sph_part_rows, sph_part_conversions};
 
 void csph()
 {

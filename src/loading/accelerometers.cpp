@@ -18,9 +18,14 @@ constexpr PassRow accelerometer_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(accelerometer_rows));
+
+constexpr Conversion accelerometer_conversions[] = {
+    {to_accelerometer, "coordnodes2accel", "Accelerometer history, Node history"},
+};
+static_assert(every_action_described(accelerometer_rows, accelerometer_conversions));
 }  // namespace
 
-const Pass accelerometer_keywords{"accelerometers", accelerometer_rows};
+const Pass accelerometer_keywords{"accelerometers", accelerometer_rows, accelerometer_conversions};
 
 // *DEFINE_COORDINATE_NODES, also as _TITLE: three nodes that frame an accelerometer. Its identifier would be CID behind
 // the node sets, but no line holds it.

@@ -13,7 +13,7 @@ void coordinate_nodes()
     if (accelflag == 0) definecoordnodes();
 }
 
-constexpr PassRow rows[] = {
+constexpr PassRow boundary_rows[] = {
     {"*BOUNDARY_NON_REFLECTING_2D", skipped},
     {"*BOUNDARY_NON_REFLECTING", bnonreflect},
     {"*BOUNDARY_PRESCRIBED_MOTION_RIGID", skipped},
@@ -43,10 +43,29 @@ constexpr PassRow rows[] = {
     {"*LOAD", skipped},
     {"*END", end_of_pass},
 };
-static_assert(every_row_reachable(rows));
+static_assert(every_row_reachable(boundary_rows));
+
+constexpr Conversion boundary_conversions[] = {
+    {bnonreflect, "bnonreflect", "Non-reflecting boundary set"},
+    {bprescribedmotion, "bprescribedmotion", "Prescribed motion, Prescribed motion set, as comments"},
+    {bspc, "bspc", "Nodal SPC node, Nodal SPC set"},
+    {bsphsym, "bsphsym", "SPH symmetry plane"},
+    {bsymwfail, "bsymwfail", "Symmetry plane with failure set"},
+    {definebox, "definebox", "Box definition"},
+    {coordinate_nodes, "definecoordnodes", "Local coordinate system nodes, unless accelflag is set"},
+    {definecoordsystem, "definecoordsystem", "Local coordinate system"},
+    {ivelogen, "ivelogen", "Initial velocity definition"},
+    {ivelocity, "ivelocity", "Initial velocity definition"},
+    {idetonat, "idetonat", "Detonation point definition"},
+    {loadblast, "loadblast", "Blast Load (CONWEP) Definition"},
+    {loadnode, "loadnode", "Nodal forces, Nodal forces set"},
+    {loadsegset, "loadsegset", "Pressure loads set"},
+    {loadseg, "loadseg", "Pressure loads"},
+};
+static_assert(every_action_described(boundary_rows, boundary_conversions));
 }  // namespace
 
-const Pass boundary_keywords{"boundary and initial conditions", rows};
+const Pass boundary_keywords{"boundary and initial conditions", boundary_rows, boundary_conversions};
 
 void boundary_section()
 {

@@ -92,9 +92,16 @@ constexpr PassRow contact_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(contact_rows));
+
+constexpr Conversion contact_conversions[] = {
+    {to_contact, "contact", "Contact set pair, as a comment; the first one also the global contact options"},
+    {to_contact_or_tied_nodes, "contact or surfcon2tnodes",
+     "with contflag 1 as a contact, with 2 as Tied node definition, else passed over"},
+};
+static_assert(every_action_described(contact_rows, contact_conversions));
 }  // namespace
 
-const Pass contact_keywords{"contact", contact_rows};
+const Pass contact_keywords{"contact", contact_rows, contact_conversions};
 
 // *CONTACT_...: the first contact sets the options of all, since the solver has one contact scheme for the whole model;
 // the pair of each is written as an inactive line to start from.

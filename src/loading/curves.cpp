@@ -23,14 +23,25 @@ void log_applied(const char* name, float value)
 }
 
 constexpr PassRow curve_rows[] = {
-    {"*DEFINE_CURVE_COMPENSATION", skipped}, {"*DEFINE_CURVE_DRAWBEAD", skipped}, {"*DEFINE_CURVE_ENTITY", skipped},
-    {"*DEFINE_CURVE_FEEDBACK", skipped},     {"*DEFINE_CURVE_FUNCTION", skipped}, {"*DEFINE_CURVE_SMOOTH", skipped},
-    {"*DEFINE_CURVE_TRIM", skipped},         {"*DEFINE_CURVE", definecurve},      {"*END", end_of_pass},
+    {"*DEFINE_CURVE_COMPENSATION", skipped},
+    {"*DEFINE_CURVE_DRAWBEAD", skipped},
+    {"*DEFINE_CURVE_ENTITY", skipped},
+    {"*DEFINE_CURVE_FEEDBACK", skipped},
+    {"*DEFINE_CURVE_FUNCTION", skipped},
+    {"*DEFINE_CURVE_SMOOTH", skipped},
+    {"*DEFINE_CURVE_TRIM", skipped},
+    {"*DEFINE_CURVE", definecurve},  // and _TITLE
+    {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(curve_rows));
+
+constexpr Conversion curve_conversions[] = {
+    {definecurve, "definecurve", "Load curve definition"},
+};
+static_assert(every_action_described(curve_rows, curve_conversions));
 }  // namespace
 
-const Pass curve_keywords{"curves", curve_rows};
+const Pass curve_keywords{"curves", curve_rows, curve_conversions};
 
 // *DEFINE_CURVE, also as _TITLE: a load curve, its points already shifted and scaled.
 void definecurve()

@@ -9,10 +9,16 @@ namespace
 {
 constexpr PassRow part_rows[] = {
     {"*PART_ADAPTIVE", skipped}, {"*PART_COMPOSITE", skipped}, {"*PART_MODES", skipped},
-    {"*PART_SENSOR", skipped},   {"*PART_MOVE", skipped},      {"*PART", part},
+    {"*PART_SENSOR", skipped},   {"*PART_MOVE", skipped},      {"*PART", part},  // every other option
+
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(part_rows));
+
+constexpr Conversion part_conversions[] = {
+    {part, "part", "Part definition"},
+};
+static_assert(every_action_described(part_rows, part_conversions));
 
 constexpr PassRow section_rows[] = {
     {"*SECTION_SOLID", sectionsolid},
@@ -22,6 +28,13 @@ constexpr PassRow section_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(section_rows));
+
+constexpr Conversion section_conversions[] = {
+    {sectionsolid, "sectionsolid", "Element formulation definition"},
+    {sectionshell, "sectionshell", "Element formulation definition"},
+    {sectionsph, "sectionsph", "Element formulation definition"},
+};
+static_assert(every_action_described(section_rows, section_conversions));
 
 constexpr PassRow eos_rows[] = {
     {"*EOS_GRUNEISEN", eosmgrun},
@@ -33,40 +46,70 @@ constexpr PassRow eos_rows[] = {
 };
 static_assert(every_row_reachable(eos_rows));
 
+constexpr Conversion eos_conversions[] = {
+    {eosmgrun, "eosmgrun", "EOS definition, type 4"},
+    {eosigrb, "eosigrb", "EOS definition, type 7"},
+    {eosjwl, "eosjwl", "EOS definition, type 2"},
+    {eoslinearpoly, "eoslinearpoly", "EOS definition, type 1"},
+};
+static_assert(every_action_described(eos_rows, eos_conversions));
+
 // An option of *MAT_ELASTIC, the fluid for instance.
 bool elastic_option()
 {
     return !keyword_is("*MAT_ELASTIC_TITLE");
 }
 
+template <int mtyp>
+void failure_of()
+{
+    failure(mtyp);
+}
+
 // The failure and material tables list the same materials, in the same order.
 constexpr PassRow failure_rows[] = {
-    {"*MAT_ELASTIC_PLASTIC_HYDRO", [] { failure(10); }},
+    {"*MAT_ELASTIC_PLASTIC_HYDRO", failure_of<10>},
     {"*MAT_ELASTIC_", passed_over, elastic_option},
-    {"*MAT_ELASTIC", [] { failure(1); }},
-    {"*MAT_HIGH_EXPLOSIVE_BURN", [] { failure(8); }},
-    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", [] { failure(13); }},
-    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", [] { failure(12); }},
-    {"*MAT_JOHNSON_COOK", [] { failure(15); }},
-    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", [] { failure(43); }},
-    {"*MAT_MOONEY-RIVLIN_RUBBER", [] { failure(6); }},  // sic: the material itself is of type 27
-    {"*MAT_NULL", [] { failure(9); }},
-    {"*MAT_PLASTIC_KINEMATIC", [] { failure(3); }},
-    {"*MAT_RIGID", [] { failure(20); }},
-    {"*MAT_SIMPLIFIED_JOHNSON_COOK", [] { failure(98); }},
+    {"*MAT_ELASTIC", failure_of<1>},
+    {"*MAT_HIGH_EXPLOSIVE_BURN", failure_of<8>},
+    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", failure_of<13>},
+    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", failure_of<12>},
+    {"*MAT_JOHNSON_COOK", failure_of<15>},
+    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", failure_of<43>},
+    {"*MAT_MOONEY-RIVLIN_RUBBER", failure_of<6>},  // sic: the material itself is of type 27
+    {"*MAT_NULL", failure_of<9>},
+    {"*MAT_PLASTIC_KINEMATIC", failure_of<3>},
+    {"*MAT_RIGID", failure_of<20>},
+    {"*MAT_SIMPLIFIED_JOHNSON_COOK", failure_of<98>},
     {"*MAT_VISCOELASTIC_THERMAL", passed_over},
     {"*MAT_VISCOELASTIC_HILL_FOAM", passed_over},
-    {"*MAT_VISCOELASTIC", [] { failure(6); }},
-    {"*MAT_STEINBERG_TITLE", [] { failure(11); }},
+    {"*MAT_VISCOELASTIC", failure_of<6>},
+    {"*MAT_STEINBERG_TITLE", failure_of<11>},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(failure_rows));
+
+constexpr Conversion failure_conversions[] = {
+    {failure_of<10>, "failure", "Failure definition"}, {failure_of<1>, "failure", "Failure definition"},
+    {failure_of<8>, "failure", "Failure definition"},  {failure_of<13>, "failure", "Failure definition"},
+    {failure_of<12>, "failure", "Failure definition"}, {failure_of<15>, "failure", "Failure definition"},
+    {failure_of<43>, "failure", "Failure definition"}, {failure_of<6>, "failure", "Failure definition"},
+    {failure_of<9>, "failure", "Failure definition"},  {failure_of<3>, "failure", "Failure definition"},
+    {failure_of<20>, "failure", "Failure definition"}, {failure_of<98>, "failure", "Failure definition"},
+    {failure_of<11>, "failure", "Failure definition"},
+};
+static_assert(every_action_described(failure_rows, failure_conversions));
 
 constexpr PassRow hourglass_rows[] = {
     {"*HOURGLASS", hourglass},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(hourglass_rows));
+
+constexpr Conversion hourglass_conversions[] = {
+    {hourglass, "hourglass", "Hourglass formulation definition"},
+};
+static_assert(every_action_described(hourglass_rows, hourglass_conversions));
 
 constexpr PassRow material_rows[] = {
     {"*MAT_ELASTIC_PLASTIC_HYDRO", matelasticplastichydro},
@@ -90,14 +133,32 @@ constexpr PassRow material_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(material_rows));
+
+constexpr Conversion material_conversions[] = {
+    {matelasticplastichydro, "matelasticplastichydro", "Material Definition, type 10"},
+    {matelastic, "matelastic", "Material Definition, type 1"},
+    {matheburn, "matheburn", "Material Definition, type 8"},
+    {matisotropicelasticfail, "matisotropicelasticfail", "Material Definition, type 13"},
+    {matisotropicelasticplas, "matisotropicelasticplas", "Material Definition, type 12"},
+    {matjohnsoncook, "matjohnsoncook", "Material Definition, type 15"},
+    {matjohnsonholmquistceramic, "matjohnsonholmquistceramic", "Material Definition, type 43"},
+    {matmooney, "matmooney", "Material Definition, type 27"},
+    {matnull, "matnull", "Material Definition, type 9"},
+    {matplastickinematic, "matplastickinematic", "Material Definition, type 3"},
+    {matrigid, "matrigid", "Material Definition, type 20"},
+    {matsimpjohnsoncook, "matsimpjohnsoncook", "Material Definition, type 15"},
+    {matviscoelastic, "matviscoelastic", "Material Definition, type 6"},
+    {matsteinberg, "matsteinberg", "Material Definition, type 11"},
+};
+static_assert(every_action_described(material_rows, material_conversions));
 }  // namespace
 
-const Pass part_keywords{"parts", part_rows};
-const Pass section_keywords{"element sections", section_rows};
-const Pass eos_keywords{"equations of state", eos_rows};
-const Pass failure_keywords{"failure definitions", failure_rows};
-const Pass hourglass_keywords{"hourglass definitions", hourglass_rows};
-const Pass material_keywords{"materials", material_rows};
+const Pass part_keywords{"parts", part_rows, part_conversions};
+const Pass section_keywords{"element sections", section_rows, section_conversions};
+const Pass eos_keywords{"equations of state", eos_rows, eos_conversions};
+const Pass failure_keywords{"failure definitions", failure_rows, failure_conversions};
+const Pass hourglass_keywords{"hourglass definitions", hourglass_rows, hourglass_conversions};
+const Pass material_keywords{"materials", material_rows, material_conversions};
 
 void part_descriptions()
 {

@@ -12,10 +12,18 @@ struct PassRow {
     bool (*only_if)() = nullptr;
 };
 
+// What an action of a table does, for people: the procedure behind it, and the lines that it writes.
+struct Conversion {
+    void (*action)();
+    std::string_view procedure;
+    std::string_view writes;
+};
+
 // A table with a name for people.
 struct Pass {
     std::string_view name;
     std::span<const PassRow> rows;
+    std::span<const Conversion> conversions = {};
 };
 
 // Actions that are no handlers.
@@ -36,5 +44,16 @@ constexpr bool every_row_reachable(std::span<const PassRow> rows)
     for (std::size_t later = 0; later < rows.size(); ++later)
         for (std::size_t earlier = 0; earlier < later; ++earlier)
             if (rows[earlier].only_if == nullptr && rows[later].prefix.starts_with(rows[earlier].prefix)) return false;
+    return true;
+}
+
+// True when every action of the rows that converts something has its line in the conversions.
+constexpr bool every_action_described(std::span<const PassRow> rows, std::span<const Conversion> conversions)
+{
+    for (const PassRow& row : rows) {
+        bool described = row.action == skipped || row.action == passed_over || row.action == end_of_pass;
+        for (const Conversion& conversion : conversions) described = described || conversion.action == row.action;
+        if (!described) return false;
+    }
     return true;
 }
