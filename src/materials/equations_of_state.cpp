@@ -84,7 +84,7 @@ void eosigrb()
     write_group({{"I", freq}, {"a", ccrit}, {"b", frer}, {"x", eetal}, {"Figmax", fmxig}, blank, blank, blank});
     // first growth term
     write_group({{"G1", grow1}, {"c", es1}, {"d", ar1}, {"y", em}, {"FG1max", fmxgr}, blank, blank, blank});
-    // second growth term; sic: the minimum of the reacted fraction stands as its maximum
+    // second growth term; sic: the lower limit of growth stands as a maximum
     write_group({{"G2", grow2}, {"e", es2}, {"g", ar2}, {"z", en}, {"FG2max", fmngr}, blank, blank, blank});
     // energy
     write_group({{"enq", enq}, {"temp0", tmp0}, {"switch", 0}, blank, blank, blank, blank, blank});
