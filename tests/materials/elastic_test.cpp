@@ -256,4 +256,18 @@ TEST_F(Rigid, WithoutConstraintsIcoptIsZero)
                        "        v3: 3.600e+01\n");
     EXPECT_EQ(out.terminal, "");
 }
+
+TEST_F(Rigid, EitherConstraintSetsIcopt)
+{
+    for (const std::string constraints : {"       1.0       0.0", "       0.0      -1.0"}) {
+        const Written out = convert_block(matrigid, "*MAT_RIGID\n"
+                                                    "         7        12        13        14\n"
+                                                    "          " +
+                                                        constraints +
+                                                        "\n"
+                                                        "        31\n"
+                                                        "*END\n");
+        EXPECT_NE(out.deck.find("!    icopt\n 1.000e+00\n"), std::string::npos) << constraints;
+    }
+}
 }  // namespace
