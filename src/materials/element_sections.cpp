@@ -16,12 +16,6 @@ void write_formulation(const Word& secid, int eform)
     text(inpfile, "\n!---------------------------------- FORMID     EFORM\n");
     print(inpfile, " Element formulation definition:%10s%10i\n", secid.text, eform);
 }
-
-void warn_of_formulation(int elform, const char* kind, const Word& secid)
-{
-    std::printf("\nWarning: Element formulation %i not available\n", elform);
-    std::printf("Assuming default element form for section %s %s\n", kind, secid.text);
-}
 }  // namespace
 
 void sectionsolid()
@@ -42,7 +36,8 @@ void sectionsolid()
 
     int eform = elform;
     if (elform != 1 && elform != 2) {
-        warn_of_formulation(elform, "solid", secid);
+        std::printf("\nWarning: Element formulation %i not available\n", elform);
+        std::printf("Assuming default element form for section solid %s\n", secid.text);
         print(outfile, "%10s:%10i . . . Changed to 1 for Kestrune input\n", "elform", elform);
         eform = 1;
     }
@@ -77,7 +72,8 @@ void sectionshell()
     if (elform >= 0 && elform <= 5) {
         eform += elform;
     } else {
-        warn_of_formulation(elform, "shell", secid);
+        std::printf("\nWarning: Element formulation %i not available\n", elform);
+        std::printf("Assuming default element form for section shell %s\n", secid.text);
         print(outfile, "%10s:%10i . . . Changed to 100 for Kestrune input\n", "elform", elform);
     }
     write_formulation(secid, eform);
