@@ -1,0 +1,24 @@
+// What the tests of handlers share.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "reader/run.h"
+#include "support/convert.h"
+
+// Each test starts as a run does.
+struct FreshRun : testing::Test {
+    FreshRun() { reset_run(); }
+};
+
+// A card line of fields of ten columns, each right-aligned: all of its columns are there, also those of empty fields.
+inline std::string card(std::initializer_list<std::string_view> fields)
+{
+    std::string line;
+    for (const std::string_view field : fields) line.append(10 - field.size(), ' ').append(field);
+    return line + "\n";
+}
