@@ -5,6 +5,7 @@
 
 namespace
 {
+// clang-format off
 constexpr char initial_velocity[] =
     "!Initial velocity definition:\n"
     "!       id       styp         vx         vy         vz      omega       !--- styp: Define type of ID\n"
@@ -22,9 +23,10 @@ constexpr char pressure_loads[] =
     "!        1          5          7          8          6        1.0        1.0        1.0        1.0        0.0\n"
     "\n";
 
-constexpr char pressure_loads_set[] = "!Pressure loads set:\n"
-                                      "!---  ssid       lcid         sf         t0\n"
-                                      "!        1          1        1.0        0.0\n";
+constexpr char pressure_loads_set[] =
+    "!Pressure loads set:\n"
+    "!---  ssid       lcid         sf         t0\n"
+    "!        1          1        1.0        0.0\n";
 
 constexpr char nodal_forces[] =
     "\n"
@@ -61,22 +63,25 @@ constexpr char symmetry_failure_set[] =
     "!---  ssid         px         py         pz         qx         qy         qz    sigfail\n"
     "!        1          0          0          0          0          0          0    1.0e+10\n";
 
-constexpr char sph_symmetry[] = "\n"
-                                "!SPH symmetry plane:\n"
-                                "!---    px         py         pz         qx         qy         qz\n"
-                                "!        1          0          0          0          0          0\n";
+constexpr char sph_symmetry[] =
+    "\n"
+    "!SPH symmetry plane:\n"
+    "!---    px         py         pz         qx         qy         qz\n"
+    "!        1          0          0          0          0          0\n";
 
 // sic: "nsid" above a node
-constexpr char spc_node[] = "\n"
-                            "!Nodal SPC node:\n"
-                            "!---  nsid       csid         tx         ty         tz         rx         ry         rz\n"
-                            "!        3          0          1          0          0          0          0          0\n"
-                            "!        4          0          1          0          0          0          0          0\n";
+constexpr char spc_node[] =
+    "\n"
+    "!Nodal SPC node:\n"
+    "!---  nsid       csid         tx         ty         tz         rx         ry         rz\n"
+    "!        3          0          1          0          0          0          0          0\n"
+    "!        4          0          1          0          0          0          0          0\n";
 
-constexpr char spc_set[] = "\n"
-                           "!Nodal SPC set:\n"
-                           "!---  nsid       csid         tx         ty         tz         rx         ry         rz\n"
-                           "!        1          0          1          1          1          1          1          1\n";
+constexpr char spc_set[] =
+    "\n"
+    "!Nodal SPC set:\n"
+    "!---  nsid       csid         tx         ty         tz         rx         ry         rz\n"
+    "!        1          0          1          1          1          1          1          1\n";
 
 constexpr char coordinate_system[] =
     "\n"
@@ -84,15 +89,17 @@ constexpr char coordinate_system[] =
     "!---  csid         ox         oy         oz         px         py         pz         qx         qy         qz\n"
     "!        2        0.0        0.0        0.0        0.5        0.5        0.0        0.0        0.0        0.0\n";
 
-constexpr char coordinate_nodes[] = "\n"
-                                    "!Local coordinate system nodes:\n"
-                                    "!---  csid         n1         n2         n3\n"
-                                    "!        2          0          0          0\n";
+constexpr char coordinate_nodes[] =
+    "\n"
+    "!Local coordinate system nodes:\n"
+    "!---  csid         n1         n2         n3\n"
+    "!        2          0          0          0\n";
 
-constexpr char coordinate_spc[] = "\n"
-                                  "!Local coordinate system SPC:\n"
-                                  "!---  csid         px         py         pz         qx         qy         qz\n"
-                                  "!        2        0.5        0.5        0.0        0.0        0.0        0.0\n";
+constexpr char coordinate_spc[] =
+    "\n"
+    "!Local coordinate system SPC:\n"
+    "!---  csid         px         py         pz         qx         qy         qz\n"
+    "!        2        0.5        0.5        0.0        0.0        0.0        0.0\n";
 
 constexpr char interactive_action[] =
     "\n"
@@ -100,39 +107,45 @@ constexpr char interactive_action[] =
     "!---   sid      stype       freq       crit     param1     param2     param3     param4     param5     param6\n"
     "!        2          2    2.0e-06          1         20       2000          0          1          0          1\n";
 
-constexpr char non_reflecting[] = "\n"
-                                  "!Non-reflecting boundary:\n"
-                                  "!---   sid         n1         n2         n3         n4\n"
-                                  "!        1          1          2          3          4\n";
+constexpr char non_reflecting[] =
+    "\n"
+    "!Non-reflecting boundary:\n"
+    "!---   sid         n1         n2         n3         n4\n"
+    "!        1          1          2          3          4\n";
 
-constexpr char non_reflecting_set[] = "\n"
-                                      "!Non-reflecting boundary set:\n"
-                                      "!---  ssid\n"
-                                      "!        1\n";
+constexpr char non_reflecting_set[] =
+    "\n"
+    "!Non-reflecting boundary set:\n"
+    "!---  ssid\n"
+    "!        1\n";
 
-constexpr char gravity[] = "\n"
-                           "!Gravity load definition:\n"
-                           "!---   dir       lcid         sf     lciddr"
-                           "     !---dir: define gravitation direction 1=x-axis, 2=y-axis, 3=z-axis;\n"
-                           "!        1          1        1.0                !---lcid; scale factor; place holder\n";
+constexpr char gravity[] =
+    "\n"
+    "!Gravity load definition:\n"
+    "!---   dir       lcid         sf     lciddr"
+    "     !---dir: define gravitation direction 1=x-axis, 2=y-axis, 3=z-axis;\n"
+    "!        1          1        1.0                !---lcid; scale factor; place holder\n";
 
-constexpr char detonation_point[] = "\n"
-                                    "!Detonation point definition:\n"
-                                    "!---   pid         dx         dy         dz      dtime\n"
-                                    "!        1        0.0        0.0        0.0        0.0\n"
-                                    "!-------------------------------\n"
-                                    "!             OR                \n"
-                                    "!-------------------------------\n"
-                                    "!Detonation point definition:       pid       nid     Dtime\n";
+constexpr char detonation_point[] =
+    "\n"
+    "!Detonation point definition:\n"
+    "!---   pid         dx         dy         dz      dtime\n"
+    "!        1        0.0        0.0        0.0        0.0\n"
+    "!-------------------------------\n"
+    "!             OR                \n"
+    "!-------------------------------\n"
+    "!Detonation point definition:       pid       nid     Dtime\n";
 
-constexpr char blast_load[] = "\n"
-                              "!Blast Load (CONWEP) Definition:\n"
-                              "!---  ssid        wgt        xbo        ybo        zbo\n"
-                              "!        1  1.000e+03       30.0        0.0        0.0\n"
-                              "!      tbo      isurf\n"
-                              "!5.000e-05          1\n"
-                              "!    iunit        cfm        cfl        cft        cfp\n"
-                              "!        5  2.205e-03  3.281e-02  1.000e+03  1.450e-05\n";
+constexpr char blast_load[] =
+    "\n"
+    "!Blast Load (CONWEP) Definition:\n"
+    "!---  ssid        wgt        xbo        ybo        zbo\n"
+    "!        1  1.000e+03       30.0        0.0        0.0\n"
+    "!      tbo      isurf\n"
+    "!5.000e-05          1\n"
+    "!    iunit        cfm        cfl        cft        cfp\n"
+    "!        5  2.205e-03  3.281e-02  1.000e+03  1.450e-05\n";
+// clang-format on
 }  // namespace
 
 void write_initial_velocity_template()

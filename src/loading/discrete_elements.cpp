@@ -5,6 +5,7 @@
 
 namespace
 {
+// clang-format off
 constexpr char definition[] =
     "!Discrete element definition:\n"
     "!--- deid     id  type    id  type   dmid      sf     Opt   "
@@ -13,28 +14,32 @@ constexpr char definition[] =
     "                                                            !opt--no current function\n"
     "\n";
 
-constexpr char linear_spring[] = "!!*** Linear spring material ***\n"
-                                 "! Discrete element material definition:\n"
-                                 "!!---    dmid   type\n"
-                                 "!           1      1\n"
-                                 "!!---       k (force/displ.)\n"
-                                 "!       value\n"
-                                 "\n";
+constexpr char linear_spring[] =
+    "!!*** Linear spring material ***\n"
+    "! Discrete element material definition:\n"
+    "!!---    dmid   type\n"
+    "!           1      1\n"
+    "!!---       k (force/displ.)\n"
+    "!       value\n"
+    "\n";
 
-constexpr char nonlinear_spring[] = "!!*** Nonlinear spring material ***\n"
-                                    "! Discrete element material definition:\n"
-                                    "!!---    dmid   type\n"
-                                    "!           4      4\n"
-                                    "!!---    lcid (force/displ.)\n"
-                                    "!           4\n"
-                                    "\n";
+constexpr char nonlinear_spring[] =
+    "!!*** Nonlinear spring material ***\n"
+    "! Discrete element material definition:\n"
+    "!!---    dmid   type\n"
+    "!           4      4\n"
+    "!!---    lcid (force/displ.)\n"
+    "!           4\n"
+    "\n";
 
-constexpr char nonlinear_damper[] = "!!*** Nonlinear damper material ***\n"
-                                    "! Discrete element material definition:\n"
-                                    "!!---    dmid   type\n"
-                                    "!           5      5\n"
-                                    "!!---    lcid (force/vel.)\n"
-                                    "!           5\n";
+constexpr char nonlinear_damper[] =
+    "!!*** Nonlinear damper material ***\n"
+    "! Discrete element material definition:\n"
+    "!!---    dmid   type\n"
+    "!           5      5\n"
+    "!!---    lcid (force/vel.)\n"
+    "!           5\n";
+// clang-format on
 }  // namespace
 
 void discrete_elements()

@@ -9,7 +9,7 @@
 
 namespace
 {
-// What an initial velocity holds for, as the solver counts it; its part is 2.
+// The solver's type of a node set; 1 is a part set, 2 a part.
 constexpr int node_set = 0;
 
 struct InitialVelocity {
@@ -77,7 +77,7 @@ void ivelogen()
 
         log_recognized();
         log_unused({{"phase", phase}});
-        if (initial.styp == 3) initial.styp = node_set;  // part set 1 and part 2 are the solver's own numbers
+        if (initial.styp == 3) initial.styp = node_set;  // part sets and parts have the solver's numbers
         write_initial_velocity(initial);
     }
 }
