@@ -1,0 +1,89 @@
+// Prints docs/keywords.md from the pass tables.
+#include <cstddef>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "bulk/bulk.h"
+#include "controls/controls.h"
+#include "driver/driver.h"
+#include "loading/loading.h"
+#include "materials/materials.h"
+#include "reader/pass.h"
+
+namespace
+{
+struct Chapter {
+    const Pass* pass;
+    const char* heading;
+    const char* remark;
+};
+
+const Chapter chapters[] = {
+    {&control_keywords, "Run settings", "Read first, whenever the main deck is written (`cardflag` 1)."},
+    {&history_keywords, "Histories", "Main deck, behind the status file section."},
+    {&contact_keywords, "Contact Section", "Main deck."},
+    {&boundary_keywords, "Boundary and Initial Conditions Definition", "Main deck, with `icflag` 1."},
+    {&curve_keywords, "Load Curve Definitions", "Main deck, with `lcflag` 1."},
+    {&part_keywords, "Part Descriptions: parts", "Main deck."},
+    {&section_keywords, "Part Descriptions: element formulations", "Main deck."},
+    {&eos_keywords, "Part Descriptions: equations of state", "Main deck."},
+    {&failure_keywords, "Part Descriptions: failure definitions",
+     "Main deck. One for each material keyword, under the material's identifier."},
+    {&hourglass_keywords, "Part Descriptions: hourglass definitions", "Main deck."},
+    {&material_keywords, "Part Descriptions: materials", "Main deck."},
+    {&sph_keywords, "SPH Control Section: settings", "Main deck, with `sphflag` 1."},
+    {&sph_part_keywords, "SPH Control Section: particle parts", "Main deck, with `sphflag` 1."},
+    {&set_keywords, "Set file", "With `setflag` 1."},
+    {&accelerometer_keywords, "Accelerometer file", "With `accelflag` 1."},
+    {&node_keywords, "Geometry file: nodes", "With `geomflag` 1."},
+    {&shell_keywords, "Geometry file: shells", "With `geomflag` 1."},
+    {&solid_keywords, "Geometry file: solids", "With `geomflag` 1."},
+    {&sph_element_keywords, "Geometry file: particles", "With `geomflag` 1."},
+    {&unhandled_keywords, "Keywords of unknown families",
+     "A last look at the deck, for the debug log alone: what no section above knows is logged as skipped."},
+};
+
+std::string quoted(std::string_view code)
+{
+    return std::string("`").append(code).append("`");
+}
+
+std::string what_becomes_of(const Pass& pass, const PassRow& row)
+{
+    if (row.action == skipped) return "skipped";
+    if (row.action == passed_over) return "passed over";
+    if (row.action == end_of_pass) return "ends the pass";
+    for (const Conversion& conversion : pass.conversions)
+        if (conversion.action == row.action) return quoted(conversion.procedure).append(": ").append(conversion.writes);
+    return "?";
+}
+
+void print_chapter(const Chapter& chapter)
+{
+    std::printf("\n## %s\n\n%s\n\n| keyword begins with | compared | what becomes of it |\n|---|---|---|\n",
+                chapter.heading, chapter.remark);
+    for (const PassRow& row : chapter.pass->rows) {
+        const std::string prefix = row.prefix.empty() ? "anything else" : quoted(row.prefix);
+        std::printf("| %s | %zu%s | %s |\n", prefix.c_str(), row.prefix.size(),
+                    row.only_if != nullptr ? ", and what follows" : "", what_becomes_of(*chapter.pass, row).c_str());
+    }
+}
+}  // namespace
+
+int main()
+{
+    std::printf(
+        "# Keywords\n"
+        "\n"
+        "Every keyword that morvex knows, and what becomes of it. This page is made from the pass tables of the program.\n"
+        "\n"
+        "Each table is one pass over the deck, from its beginning to its `*END` line. A keyword line is compared with the\n"
+        "rows from the top; the first row that it begins with decides, over as many characters as the second column\n"
+        "says. A keyword that no row matches is passed over without a word in that pass. *Converted* keywords show the\n"
+        "procedure that reads them and the lines that it writes; *skipped* ones get a line in the debug log; those that\n"
+        "are *passed over* leave no trace in this pass (another one takes them, or the solver has no use for them).\n"
+        "Keyword lines are compared in upper case, over their first 49 characters.\n");
+    for (const Chapter& chapter : chapters) print_chapter(chapter);
+    return 0;
+}
