@@ -83,7 +83,8 @@ int main()
         "says. A keyword that no row matches is passed over without a word in that pass. *Converted* keywords show the\n"
         "procedure that reads them and the lines that it writes; *skipped* ones get a line in the debug log; those that\n"
         "are *passed over* leave no trace in this pass (another one takes them, or the solver has no use for them).\n"
-        "Keyword lines are compared in upper case, over their first 49 characters.\n");
+        "Keyword lines are compared in upper case, over their first 49 characters. \"And what follows\" marks rows with a\n"
+        "further condition: history keywords whose next character is not `_`, `*MAT_ELASTIC_` with any option but TITLE.\n");
     for (const Chapter& chapter : chapters) print_chapter(chapter);
     return 0;
 }
