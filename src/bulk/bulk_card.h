@@ -96,11 +96,20 @@ public:
     void end() { *to_++ = '\n'; }
 
 private:
+    // True when what the field holds is also what is printed, and has been copied.
     bool copied(std::string_view field, int width)
     {
         if (field.size() != 8 || !is_printed_integer(field.data())) return false;
         for (int i = 8; i < width; ++i) *to_++ = ' ';
-        text(field);
+        std::uint64_t columns = eight_columns(field.data());
+        if (width < 8) {
+            const auto left_out = static_cast<std::size_t>(8 - width);
+            if (field[left_out - 1] != ' ') return false;
+            columns >>= 8 * left_out;
+            field.remove_prefix(left_out);
+        }
+        put_eight_columns(to_, columns);
+        to_ += field.size();
         return true;
     }
 

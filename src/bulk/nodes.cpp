@@ -33,7 +33,7 @@ void convert_line(std::string_view line)
     Row row(geomfile);
     row.integer64(fields.take(8), 8);
     for (int i = 0; i < 3; ++i) row.blank().real<13>(fields.real(16), 20);
-    for (int i = 0; i < 2; ++i) row.blank().integer(fields.integer(8), 5);
+    for (int i = 0; i < 2; ++i) row.blank().integer(fields.take(8), 5);
     row.end();
 }
 }  // namespace

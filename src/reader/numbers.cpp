@@ -19,6 +19,7 @@ namespace
 // Powers of ten that a double holds exactly.
 constexpr double exact_powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::uint64_t integer_powers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 constexpr int largest_exact_power = static_cast<int>(std::size(exact_powers)) - 1;
 constexpr std::uint64_t largest_exact_integer = std::uint64_t{1} << 53;
 
@@ -48,8 +49,92 @@ float as_on_x86(float result, float a, float b)
 }
 }  // namespace
 
+namespace
+{
+// The number of eight digits, each a value of 0 to 9 in a byte of its own, the first in the lowest byte.
+std::uint64_t eight_digits(std::uint64_t digits)
+{
+    digits = digits * 10 + (digits >> 8);  // the value of each pair in every other byte
+    constexpr std::uint64_t pairs = 0x000000ff000000ff;
+    return ((digits & pairs) * (100 + (std::uint64_t{1000000} << 32)) +
+            ((digits >> 16) & pairs) * (1 + (std::uint64_t{10000} << 32))) >>
+           32;
+}
+
+// Eight columns of a number's text, the first in the lowest byte: a digit becomes 0x00 to 0x09, a blank 0x10, "-" 0x1d.
+constexpr std::uint64_t each_column = 0x0101010101010101;
+
+std::uint64_t as_values(std::uint64_t columns)
+{
+    return columns ^ (each_column * 0x30);
+}
+
+// Not 0 in every column that holds no digit.
+std::uint64_t no_digits(std::uint64_t values)
+{
+    return (values | (values + each_column * 0x06)) & (each_column * 0xf0);
+}
+
+// The last n columns, 0 in the others.
+std::uint64_t last_columns(std::uint64_t columns, int n)
+{
+    return n == 0 ? 0 : columns >> (8 * (8 - n)) << (8 * (8 - n));
+}
+
+// The value of a field of sixteen columns in the forms that pre-processors write: blanks, "-" or none, at most seven
+// digits, a point, at most eight decimals, and none or an exponent of two digits, up to the last column. False for
+// every other form.
+bool sixteen_columns(const char* field, double& value)
+{
+    int end = 16;  // of the decimals
+    int power = 0;
+    if ((field[12] | 0x20) == 'e') {
+        if ((field[13] != '+' && field[13] != '-') || !is_digit(field[14]) || !is_digit(field[15])) return false;
+        power = (field[14] - '0') * 10 + (field[15] - '0');
+        if (field[13] == '-') power = -power;
+        end = 12;
+    }
+
+    std::uint64_t tail = as_values(eight_columns(field + end - 8));
+    int decimals = 8;
+    const std::uint64_t not_point = tail ^ (each_column * ('.' ^ 0x30));
+    if (const std::uint64_t points = (not_point - each_column) & ~not_point & (each_column * 0x80); points != 0)
+        decimals = 7 - std::countr_zero(points) / 8;
+    else if (field[end - 9] != '.')
+        return false;
+    tail = last_columns(tail, decimals);
+    if (no_digits(tail) != 0) return false;
+
+    // What stands before the point, in the last columns of eight.
+    const int before = end - 1 - decimals;
+    if (before > 8 && eight_columns(field) << (8 * (16 - before)) != (each_column * ' ') << (8 * (16 - before)))
+        return false;
+    const std::uint64_t head = before >= 8
+                                   ? eight_columns(field + before - 8)
+                                   : eight_columns(field) << (8 * (8 - before)) | (each_column * ' ') >> (8 * before);
+    const std::uint64_t values = as_values(head);
+    const std::uint64_t others = no_digits(values);
+    if (others == 0) return false;
+    const int digits = std::countl_zero(others) / 8;
+    const int first = 8 - digits;  // column of the first digit; the one before it is no digit
+    const auto sign = values << (8 * digits) >> 56;
+    const bool only_blanks = first == 1 || (values ^ (each_column * 0x10)) << (8 * (digits + 1)) == 0;
+    if ((sign != 0x10 && sign != 0x1d) || !only_blanks || digits + decimals == 0) return false;
+
+    power -= decimals;
+    if (power < -largest_exact_power || power > largest_exact_power) return false;
+    // At most fifteen digits: both operands are exact, so the one rounding is the right one.
+    const auto integer =
+        static_cast<double>(eight_digits(last_columns(values, digits)) * integer_powers[decimals] + eight_digits(tail));
+    value = power < 0 ? integer / exact_powers[-power] : integer * exact_powers[power];
+    if (sign == 0x1d) value = -value;
+    return true;
+}
+}  // namespace
+
 double field_value(std::string_view field)
 {
+    if (double value = 0.0; field.size() == 16 && sixteen_columns(field.data(), value)) return value;
     const char* at = field.data();
     const char* const end = at + field.size();
     while (at < end && *at == ' ') ++at;
@@ -142,14 +227,31 @@ void put_two(char* to, std::uint64_t value)
     std::memcpy(to, two_digits.data() + 2 * value, 2);
 }
 
+// The eight digits of a number below 10^8 as characters, the first in the lowest byte.
+std::uint64_t eight_characters(std::uint64_t number)
+{
+    // Halved three times: two numbers of four digits, four of two, eight of one, each in its share of the bits.
+    const std::uint64_t fours = number / 10000 | (number % 10000) << 32;
+    const std::uint64_t hundreds = (fours * 10486 >> 20) & 0x0000007f0000007f;
+    const std::uint64_t twos = hundreds | (fours - 100 * hundreds) << 16;
+    const std::uint64_t tens = (twos * 103 >> 10) & 0x000f000f000f000f;
+    return (tens | (twos - 10 * tens) << 8) + 0x3030303030303030;
+}
+
+// n blanks, or none when n is negative.
+char* put_blanks(char* to, int n)
+{
+    for (; n > 0; n -= 8) {
+        put_eight_columns(to, 0x2020202020202020);
+        to += std::min(n, 8);
+    }
+    return to;
+}
+
 // Writes the text right-aligned in the width, or whole when it is longer.
 char* put_padded(char* to, const char* text, std::size_t length, int width)
 {
-    const auto columns = static_cast<std::size_t>(width);
-    if (length < columns) {
-        std::memset(to, ' ', columns - length);
-        to += columns - length;
-    }
+    to = put_blanks(to, width - static_cast<int>(length));
     std::memcpy(to, text, length);
     return to + length;
 }
@@ -262,18 +364,22 @@ char* write_real(char* to, float value, int width)
             std::to_chars(text, text + sizeof text, static_cast<double>(value), std::chars_format::scientific, digits);
         return put_padded(to, text, static_cast<std::size_t>(end.ptr - text), width);
     }
-    const auto padding = width - static_cast<int>(length) - (negative ? 1 : 0);
-    for (int i = 0; i < padding; ++i) *to++ = ' ';
+    to = put_blanks(to, width - static_cast<int>(length) - (negative ? 1 : 0));
     if (negative) *to++ = '-';
-    // d.ddd: the digits from the right, two at a time
-    char* at = to + digits + 2;
-    for (int left = digits; left >= 2; left -= 2, integer /= 100) put_two(at -= 2, integer % 100);
-    if constexpr (digits % 2 != 0) {
-        *--at = static_cast<char>('0' + integer % 10);
-        integer /= 10;
+    // d.ddd: the last eight decimals stand behind the others, where there are so many
+    if constexpr (digits == 13) {
+        const std::uint64_t first = eight_characters(integer / 100000000);  // two zeros and six digits
+        put_eight_columns(to, (first >> 16 & 0xff) | '.' << 8 | first >> 24 << 16);
+        put_eight_columns(to + 7, eight_characters(integer % 100000000));
+    } else if constexpr (digits == 8) {
+        *to = static_cast<char>('0' + integer / 100000000);
+        to[1] = '.';
+        put_eight_columns(to + 2, eight_characters(integer % 100000000));
+    } else {
+        static_assert(digits == 3);
+        const std::uint64_t all = eight_characters(integer);  // four zeros and four digits
+        put_eight_columns(to, (all >> 32 & 0xff) | '.' << 8 | all >> 40 << 16);
     }
-    *--at = '.';
-    *--at = static_cast<char>('0' + integer);
     to += digits + 2;
     *to++ = 'e';
     *to++ = decimal < 0 ? '-' : '+';
@@ -284,26 +390,3 @@ char* write_real(char* to, float value, int width)
 template char* write_real<3>(char* to, float value, int width);
 template char* write_real<8>(char* to, float value, int width);
 template char* write_real<13>(char* to, float value, int width);
-
-bool is_printed_integer(const char* field)
-{
-    if constexpr (std::endian::native == std::endian::little) {
-        // All eight characters at once: blanks become 0x00, digits 0x10 to 0x19; the last column is the highest byte.
-        constexpr std::uint64_t ones = 0x0101010101010101;
-        std::uint64_t columns = 0;
-        std::memcpy(&columns, field, sizeof columns);
-        columns ^= ones * 0x20;
-        const std::uint64_t digit = columns & (ones * 0x10);
-        const std::uint64_t low = columns & (ones * 0x0f);
-        const bool only_digits = (columns & (ones * 0xe0)) == 0 && ((low + ones * 6) & (ones * 0x10)) == 0;
-        const std::uint64_t stray = (low + ones * 0x0f) & (ones * 0x10) & ~digit;  // neither blank nor digit
-        const std::uint64_t blank = ~((digit >> 4) * 0xff);                        // 0xff where no digit stands
-        if (!only_digits || stray != 0 || digit == 0 || (blank & (blank + 1)) != 0) return false;
-        const int first = std::countr_zero(digit) / 8;
-        return first == 7 || field[first] != '0';
-    } else {
-        const char* const end = field + 8;
-        const char* at = std::find_if(field, end, [](char c) { return c != ' '; });
-        return at != end && std::all_of(at, end, is_digit) && (*at != '0' || at == end - 1);
-    }
-}
