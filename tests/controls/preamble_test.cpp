@@ -1,0 +1,136 @@
+// File header and title of the main deck.
+#include <cstdlib>
+#include <ctime>
+
+#include "lines.h"
+
+namespace
+{
+class Header : public Controls
+{
+protected:
+    Header() { unsetenv("SOURCE_DATE_EPOCH"); }
+    ~Header() override
+    {
+        unsetenv("SOURCE_DATE_EPOCH");
+        unsetenv("TZ");
+        tzset();
+    }
+
+    static std::string date_line() { return line_with(convert(header, "").deck, "!  Version "); }
+
+    static std::string line_of_today()
+    {
+        const std::time_t now = std::time(nullptr);
+        const std::tm date = *std::localtime(&now);
+        return line("!  Version 2.601 : %d/%d/%d", date.tm_mon + 1, date.tm_mday, date.tm_year + 1900);
+    }
+
+    // The header's line is that of the moment before or after.
+    static void expect_today()
+    {
+        const std::string before = line_of_today();
+        const std::string written = date_line();
+        EXPECT_TRUE(written == before || written == line_of_today()) << written;
+    }
+};
+using ProblemTitle = Controls;
+}  // namespace
+
+TEST_F(Header, OnAGivenDay)
+{
+    setenv("SOURCE_DATE_EPOCH", "1709596800", 1);  // 5 March 2024, 0:00 UTC
+    EXPECT_EQ(convert(header, "").deck,
+              "!----------------------------------------------------------------------------\n"
+              "!  Kestrune Input Deck\n"
+              "!  Version 2.601 : 3/5/2024\n"
+              "!\n"
+              "!  Notes:\n"
+              "!     : Use \"!\" in the first column to create a comment line\n"
+              "!     : \"Question\" inputs use the 0=No, 1=Yes notation\n"
+              "!     : Do not change the text to the left of \":\"\n"
+              "!\n"
+              "!----------------------------------------------------------------------------\n"
+              "\n"
+              "\n");
+}
+
+TEST_F(Header, ItsRuleIsSeventySixHyphensLong)
+{
+    const std::string deck = convert(header, "").deck;
+    EXPECT_EQ(lines_equal(deck, "!" + std::string(76, '-')), 2U);
+}
+
+TEST_F(Header, AGivenDayIsThatOfUtcWhateverTheTimeZone)
+{
+    for (const char* zone : {"ABC-14", "ABC12"}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        setenv("SOURCE_DATE_EPOCH", "1709596800", 1);  // 5 March 2024, 0:00 UTC
+        EXPECT_EQ(date_line(), "!  Version 2.601 : 3/5/2024");
+        setenv("SOURCE_DATE_EPOCH", "1709683199", 1);  // 23:59:59 on the same day
+        EXPECT_EQ(date_line(), "!  Version 2.601 : 3/5/2024");
+        setenv("SOURCE_DATE_EPOCH", "1709683200", 1);
+        EXPECT_EQ(date_line(), "!  Version 2.601 : 3/6/2024");
+    }
+}
+
+TEST_F(Header, TwoDigitMonthsAndDays)
+{
+    setenv("SOURCE_DATE_EPOCH", "1735603200", 1);  // 31 December 2024, 0:00 UTC
+    EXPECT_EQ(date_line(), "!  Version 2.601 : 12/31/2024");
+    setenv("SOURCE_DATE_EPOCH", "0", 1);
+    EXPECT_EQ(date_line(), "!  Version 2.601 : 1/1/1970");
+}
+
+TEST_F(Header, WithoutAGivenDayItIsTodayInLocalTime)
+{
+    for (const char* zone : {"ABC-14", "ABC12", "UTC0"}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        expect_today();
+    }
+}
+
+TEST_F(Header, WhatIsNoNumberGivesToday)
+{
+    for (const char* text :
+         {"", "today", "17096400x", " 1709596800", "1e9", "99999999999999999999999", "9223372036854775807"}) {
+        setenv("SOURCE_DATE_EPOCH", text, 1);
+        expect_today();
+    }
+}
+
+TEST_F(ProblemTitle, StandsBehindItsLabel)
+{
+    convert_block(titlecard, "*TITLE\n Bar impact\n*END\n");
+    EXPECT_EQ(convert(problem_title, "").deck, "!------------------------------------------------\n"
+                                               "! Problem Title and Descriptors\n"
+                                               "!------------------------------------------------\n"
+                                               "!   Note: No - allowed in titles\n"
+                                               "\n"
+                                               " Title                       :  Bar impact\n"
+                                               " Subtitle1                   : \n"
+                                               " Subtitle2                   : \n"
+                                               "\n"
+                                               "\n");
+}
+
+TEST_F(ProblemTitle, WithoutATitleItIsOneBlank)
+{
+    EXPECT_EQ(lines_equal(convert(problem_title, "").deck, " Title                       :  "), 1U);
+}
+
+TEST_F(ProblemTitle, A45CharacterTitleLeavesAnEmptyLineBehindIt)
+{
+    convert_block(titlecard, "*TITLE\n" + std::string(45, 't') + "\n*END\n");
+    EXPECT_NE(convert(problem_title, "")
+                  .deck.find(" Title                       : " + std::string(45, 't') + "\n\n Subtitle1"),
+              std::string::npos);
+}
+
+TEST_F(ProblemTitle, PercentSignsAreNoFormat)
+{
+    convert_block(titlecard, "*TITLE\n50%s and 100%n\n*END\n");
+    EXPECT_EQ(lines_equal(convert(problem_title, "").deck, " Title                       : 50%s and 100%n"), 1U);
+}
