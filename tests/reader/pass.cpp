@@ -1,0 +1,208 @@
+// Passes over a deck, by tables of their own.
+#include "reader/pass.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "reader/card.h"
+#include "reader/keyword.h"
+#include "reader/run.h"
+#include "support/convert.h"
+
+namespace
+{
+std::string trace;  // what the actions below noted
+int switched = 0;
+
+void note_a()
+{
+    trace += std::string("a(") + cbuffer + ")";
+}
+void note_b()
+{
+    trace += std::string("b(") + cbuffer + ")";
+}
+void read_cards()
+{
+    for (Card card; card.next();) trace += std::to_string(card.integer()) + ",";
+}
+bool when_switched()
+{
+    return switched == 1;
+}
+void switch_on()
+{
+    switched = 1;
+}
+
+class Passes : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        reset_run();
+        trace.clear();
+        switched = 0;
+    }
+
+    template <std::size_t size>
+    static Written pass_over(const PassRow (&rows)[size], std::string_view deck)
+    {
+        return convert(Pass{"test", rows}, deck);
+    }
+};
+}  // namespace
+
+TEST_F(Passes, FirstRowThatMatchesDecides)
+{
+    static constexpr PassRow rows[] = {
+        {"*NODE_RIGID", passed_over}, {"*NODE", note_a}, {"*END", end_of_pass}, {"*", note_b}};
+    pass_over(rows, "*NODE\n*NODE_RIGID\n*NODE_X\n*NOD\n*END\n");
+    EXPECT_EQ(trace, "a(*NODE)a(*NODE_X)b(*NOD)");
+}
+
+TEST_F(Passes, RowIsAPrefixOfItsOwnLength)
+{
+    static constexpr PassRow rows[] = {{{"*DEFINE_BOX", 10}, note_a}, {"*DEFINE_BOX", note_b}, {"*END", end_of_pass}};
+    static_assert(!every_row_reachable(rows));
+    pass_over(rows, "*DEFINE_BOX\n*DEFINE_BOAT\n*DEFINE_B\n*define_bottle\n*END\n");
+    EXPECT_EQ(trace, "a(*DEFINE_BOX)a(*DEFINE_BOAT)a(*DEFINE_BOTTLE)");
+}
+
+TEST_F(Passes, KeywordShorterThanARowDoesNotMatchIt)
+{
+    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    pass_over(rows, "*NOD\n*\n*NODE\n*END\n");
+    EXPECT_EQ(trace, "a(*NODE)");
+}
+
+TEST_F(Passes, RowWhoseConditionFailsIsNotThere)
+{
+    static constexpr PassRow rows[] = {
+        {"*SWITCH", switch_on}, {"*NODE", note_a, when_switched}, {"*NODE", note_b}, {"*END", end_of_pass}};
+    static_assert(every_row_reachable(rows));
+    pass_over(rows, "*NODE\n*SWITCH\n*NODE\n*END\n");
+    EXPECT_EQ(trace, "b(*NODE)a(*NODE)");
+}
+
+TEST_F(Passes, EndRowStopsAtOnceAndWhatFollowsIsNotRead)
+{
+    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    const Written written = pass_over(rows, "*NODE\n*ENDING\n*NODE\n*END\n");
+    EXPECT_EQ(trace, "a(*NODE)");
+    EXPECT_EQ(written.log, "");
+}
+
+TEST_F(Passes, AnyRowMayEndThePass)
+{
+    static constexpr PassRow rows[] = {
+        {"*STOP", end_of_pass, when_switched}, {"*SWITCH", switch_on}, {"*NODE", note_a}, {"*END", end_of_pass}};
+    pass_over(rows, "*STOP\n*NODE\n*SWITCH\n*STOP\n*NODE\n*END\n");
+    EXPECT_EQ(trace, "a(*NODE)");
+}
+
+TEST_F(Passes, PassBeginsAtTheBeginningOfTheDeck)
+{
+    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    convert(
+        [] {
+            run_pass({"test", rows});
+            trace += "|";
+            run_pass({"test", rows});
+            infile.skip_line();
+            trace += "|";
+            run_pass({"test", rows});
+        },
+        "*NODE\n*END\n");
+    EXPECT_EQ(trace, "a(*NODE)|a(*NODE)|a(*NODE)");
+}
+
+TEST_F(Passes, SkippedKeywordIsLoggedAndUnmatchedOnesAreNot)
+{
+    static constexpr PassRow rows[] = {{"*SET", skipped}, {"*NODE", passed_over}, {"*END", end_of_pass}};
+    EXPECT_EQ(pass_over(rows, "*set_beam\n*NODE\n*MAT\n1\n*SET\n*END\n").log,
+              "\n*SET_BEAM . . . skipped\n\n*SET . . . skipped\n");
+}
+
+TEST_F(Passes, HandlersReadTheirCardsAndLeaveTheNextKeywordToThePass)
+{
+    static constexpr PassRow rows[] = {{"*A", read_cards}, {"*B", note_b}, {"*END", end_of_pass}};
+    pass_over(rows, "$\n*A\n         1\n$\n         2\n*B\n         3\n*A\n*A\n         4\n*END\n         5\n");
+    EXPECT_EQ(trace, "1,2,b(*B)4,");
+}
+
+TEST_F(Passes, DataLinesOfBlocksThatNobodyReadsArePassedOver)
+{
+    static constexpr PassRow rows[] = {{"*B", note_b}, {"*END", end_of_pass}};
+    pass_over(rows, "1\n*A\n *B\n1*B\n$*B\n*B\n*END\n");
+    EXPECT_EQ(trace, "b(*B)");
+}
+
+TEST_F(Passes, DeckWithoutEndEndsThePass)
+{
+    static constexpr PassRow rows[] = {{"*A", read_cards}, {"*END", end_of_pass}};
+    for (const char* deck : {"", "\n", "*A", "*A\n", "*A\n         1", "no keyword at all"}) pass_over(rows, deck);
+    EXPECT_EQ(trace, "1,");
+}
+
+TEST_F(Passes, LowerCaseKeywordsMatch)
+{
+    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    pass_over(rows, "*node\n*end\n*NODE\n");
+    EXPECT_EQ(trace, "a(*NODE)");
+}
+
+TEST_F(Passes, NestedPassRestoresThePositionForTheOuterOne)
+{
+    static constexpr PassRow inner[] = {{"*C", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow outer[] = {{"*A",
+                                         [] {
+                                             const Position position = infile.position();
+                                             run_pass({"inner", inner});
+                                             infile.seek(position);
+                                         }},
+                                        {"*B", note_b},
+                                        {"*END", end_of_pass}};
+    pass_over(outer, "*A\n*B\n*C\n*A\n*B\n*END\n");
+    EXPECT_EQ(trace, "a(*C)b(*B)a(*C)b(*B)");
+}
+
+TEST_F(Passes, FirstMatchLooksPastConditions)
+{
+    static constexpr PassRow rows[] = {{"*NODE_RIGID", skipped}, {"*NODE", note_a, when_switched}, {"*NODE", note_b}};
+    const Pass pass{"test", rows};
+    EXPECT_EQ(first_match(pass, "*NODE_RIGID_SURFACE"), &rows[0]);
+    EXPECT_EQ(first_match(pass, "*NODE_X"), &rows[1]);
+    EXPECT_EQ(first_match(pass, "*NOD"), nullptr);
+}
+
+// ---- tables whose rows hide each other -----------------------------------------------------------------------------
+
+namespace
+{
+constexpr PassRow specific_first[] = {{"*NODE_RIGID", skipped}, {"*NODE", note_a}, {"*END", end_of_pass}};
+constexpr PassRow prefix_first[] = {{"*NODE", note_a}, {"*NODE_RIGID", skipped}, {"*END", end_of_pass}};
+constexpr PassRow twice[] = {{"*NODE", note_a}, {"*END", end_of_pass}, {"*NODE", note_b}};
+constexpr PassRow conditional_prefix_first[] = {{"*NODE", note_a, when_switched}, {"*NODE_RIGID", skipped}};
+constexpr PassRow hidden_condition[] = {{"*NODE", note_a}, {"*NODE_RIGID", skipped, when_switched}};
+constexpr PassRow cut_row_hides[] = {{{"*SET_SHELL_LIST_GENERATE", 19}, skipped}, {"*SET_SHELL_LIST_GENERAL", note_a}};
+constexpr PassRow all_last[] = {{"*NODE", note_a}, {"", skipped}};
+constexpr PassRow all_first[] = {{"", skipped}, {"*NODE", note_a}};
+static_assert(every_row_reachable(specific_first));
+static_assert(!every_row_reachable(prefix_first));
+static_assert(!every_row_reachable(twice));
+static_assert(every_row_reachable(conditional_prefix_first));
+static_assert(!every_row_reachable(hidden_condition));
+static_assert(!every_row_reachable(cut_row_hides));
+static_assert(every_row_reachable(all_last));
+static_assert(!every_row_reachable(all_first));
+static_assert(every_row_reachable({}));
+}  // namespace
+
+TEST(EveryRowReachable, TellsTheSameAtRunTime)
+{
+    EXPECT_TRUE(every_row_reachable(specific_first));
+    EXPECT_FALSE(every_row_reachable(prefix_first));
+}
