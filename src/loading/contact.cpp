@@ -98,7 +98,6 @@ constexpr Conversion contact_conversions[] = {
     {to_contact_or_tied_nodes, "contact or surfcon2tnodes",
      "with contflag 1 as a contact, with 2 as Tied node definition, else passed over"},
 };
-static_assert(every_action_described(contact_rows, contact_conversions));
 }  // namespace
 
 const Pass contact_keywords{"contact", contact_rows, contact_conversions};

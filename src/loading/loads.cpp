@@ -1,5 +1,6 @@
 // *LOAD keywords: air blasts, nodal forces, pressures on segment sets and segments.
 #include <cstdio>
+#include <cstring>
 
 #include "loading/boundary.h"
 #include "loading/loading.h"
@@ -16,27 +17,36 @@ constexpr int blast_curve = -2;
 
 // The segment set that the blast loads: of the first *LOAD_SEGMENT_SET block with the blast's curve number, or else of
 // the last block of all. Only a block's first card counts. infile returns to where it was.
-int blast_segment_set()
+BlastSegments find_blast_segments()
 {
     const Position here = infile.position();
     infile.rewind();
-    bool found = false;
-    int ssid = 0;
+    BlastSegments segments{};
     for (keyword(); !keyword_is("*END"); keyword()) {
         if (!keyword_is("*LOAD_SEGMENT_SET")) continue;
         if (keyword_is("*LOAD_SEGMENT_SET_ID")) skip_title();
-        found = true;
-        ssid = 0;
+        segments.found = true;
+        segments.ssid = 0;
         int lcid = 0;
         if (Card card; card.next()) {
-            ssid = card.integer();
+            segments.ssid = card.integer();
             lcid = card.integer();
         }
         if (lcid == blast_curve) break;
     }
     infile.seek(here);
-    if (!found) std::printf("\nWarning: No *LOAD_SEGMENT_SET found for *LOAD_BLAST, using segment set 0\n");
-    return ssid;
+    std::memcpy(segments.stopped_at, cbuffer, sizeof cbuffer);
+    return segments;
+}
+
+int blast_segment_set()
+{
+    if (!blast_segments) blast_segments = find_blast_segments();
+    // sic: what is logged from here on shows the keyword at which the search stopped
+    std::memcpy(cbuffer, blast_segments->stopped_at, sizeof cbuffer);
+    if (!blast_segments->found)
+        std::printf("\nWarning: No *LOAD_SEGMENT_SET found for *LOAD_BLAST, using segment set 0\n");
+    return blast_segments->ssid;
 }
 }  // namespace
 

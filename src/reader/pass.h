@@ -46,14 +46,3 @@ constexpr bool every_row_reachable(std::span<const PassRow> rows)
             if (rows[earlier].only_if == nullptr && rows[later].prefix.starts_with(rows[earlier].prefix)) return false;
     return true;
 }
-
-// True when every action of the rows that converts something has its line in the conversions.
-constexpr bool every_action_described(std::span<const PassRow> rows, std::span<const Conversion> conversions)
-{
-    for (const PassRow& row : rows) {
-        bool described = row.action == skipped || row.action == passed_over || row.action == end_of_pass;
-        for (const Conversion& conversion : conversions) described = described || conversion.action == row.action;
-        if (!described) return false;
-    }
-    return true;
-}

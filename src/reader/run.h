@@ -4,9 +4,16 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "reader/input_stream.h"
 #include "reader/output_stream.h"
+
+// The version that the main deck's header shows; the build reads it here, too.
+inline constexpr double morvex_version = 2.601;
 
 // ---- streams -------------------------------------------------------------------------------------------------------
 
@@ -108,6 +115,22 @@ struct Counts {
     int particles = 0;
 };
 inline constinit Counts counts{};
+
+// ---- what handlers look up in the whole keyword copy, once ---------------------------------------------------------
+
+// The SECIDs of the *SECTION_SPH keywords, in ascending order.
+inline constinit std::optional<std::vector<std::string>> particle_sections;
+
+// The segment set that the blasts load, whether there is one at all, and the keyword line at which the search stopped.
+struct BlastSegments {
+    int ssid;
+    bool found;
+    char stopped_at[sizeof cbuffer];
+};
+inline constinit std::optional<BlastSegments> blast_segments;
+
+// ---- the end of the run
+// ----------------------------------------------------------------------------------------------
 
 // Where the main deck's particle count stands, which is known only at the end of the run.
 inline constinit std::uint64_t particle_count_position = 0;

@@ -78,6 +78,8 @@ Written run(Action&& action, std::string_view deck)
     geomfile.open("geometry");
     accelfile.open("accelerometers");
     infile.open_text(deck, stream_window);
+    particle_sections.reset();
+    blast_segments.reset();
     testing::internal::CaptureStdout();
     action();
     Written written;
