@@ -1,0 +1,19 @@
+// Bulk sections, converted in all the ways that must not differ: by whole lines and field by field, through windows of
+// several sizes, with and without the index of keyword lines.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+#include "support/convert.h"
+
+// What the section writes, the same in every way; a difference is a failure of the test. Counts begin at 0 each time.
+Written convert_every_way(void (*section)(), std::string_view deck);
+
+class Bulk : public testing::Test
+{
+protected:
+    void SetUp() override { reset_run(); }
+    void TearDown() override { reset_run(); }
+};
