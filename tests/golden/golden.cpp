@@ -8,6 +8,9 @@
 //     status            the exit status, when it is not 0
 //     absent            names of files that must not be there, one a line
 //
+// The models of examples/ are cases too: a user's files stand there, what must be there after the run in
+// tests/examples/<name>/expected/.
+//
 // Each case runs three times: as it is, with a window of 64 bytes, and without the quick way through bulk cards. With
 // MORVEX_APPROVE=1 in the environment the expected files that are there are written anew from the first run: for a
 // difference that a person has read and found right.
@@ -29,14 +32,30 @@ namespace fs = std::filesystem;
 namespace
 {
 const fs::path golden_folder = MORVEX_GOLDEN_FOLDER;
+const fs::path examples_folder = MORVEX_EXAMPLES_FOLDER;
+
+constexpr char example_prefix[] = "example-";
 
 std::vector<std::string> cases()
 {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(golden_folder))
         if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    for (const auto& entry : fs::directory_iterator(examples_folder))
+        if (entry.is_directory()) names.push_back(example_prefix + entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
+}
+
+struct Folders {
+    fs::path given, expected;
+};
+
+Folders folders_of(const std::string& name)
+{
+    if (!name.starts_with(example_prefix)) return {golden_folder / name, golden_folder / name / "expected"};
+    const std::string example = name.substr(sizeof example_prefix - 1);
+    return {examples_folder / example, golden_folder.parent_path() / "examples" / example / "expected"};
 }
 
 std::vector<std::string> lines_of(const std::string& text)
@@ -104,12 +123,13 @@ std::string first_difference(const std::string& expected, const std::string& fou
            std::to_string(expected.size()) + " and " + std::to_string(found.size()) + " characters)";
 }
 
-void run_case(const fs::path& folder, const std::string& command, bool approve)
+void run_case(const Folders& folders, const std::string& command, bool approve)
 {
     SCOPED_TRACE(command);
     const TemporaryFolder work;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.is_regular_file() && entry.path().filename() != "README") fs::copy(entry.path(), work.path());
+    for (const auto& entry : fs::directory_iterator(folders.given))
+        if (entry.is_regular_file() && !entry.path().filename().string().starts_with("README"))
+            fs::copy(entry.path(), work.path());
     std::string answer;
     if (fs::exists("answer")) {
         answer = contents("answer");
@@ -118,7 +138,7 @@ void run_case(const fs::path& folder, const std::string& command, bool approve)
     const Outcome outcome = run_command(command, answer);
     bool status_expected = false;
     std::size_t compared = 0;
-    for (const auto& entry : fs::directory_iterator(folder / "expected")) {
+    for (const auto& entry : fs::directory_iterator(folders.expected)) {
         const std::string name = entry.path().filename().string();
         const std::string expected = contents(entry.path());
         ++compared;
@@ -145,11 +165,11 @@ class Golden : public testing::TestWithParam<std::string>
 
 TEST_P(Golden, Case)
 {
-    const fs::path folder = golden_folder / GetParam();
+    const Folders folders = folders_of(GetParam());
     const bool approve = std::getenv("MORVEX_APPROVE") != nullptr;
-    run_case(folder, program(), approve);
-    run_case(folder, tiny_window_program(), false);
-    run_case(folder, general_program(), false);
+    run_case(folders, program(), approve);
+    run_case(folders, tiny_window_program(), false);
+    run_case(folders, general_program(), false);
 }
 
 std::string test_name(const testing::TestParamInfo<std::string>& folder)
