@@ -8,7 +8,7 @@ trap 'rm -rf "$work"' EXIT
 
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
-(cd "$work" && cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log") ||
+(cd "$work" && cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log" 2>&1) ||
     { cat "$work/cpack.log" >&2; fail "cpack"; }
 deb=$(echo "$work"/package/*.deb)
 [ "$(dpkg-deb -f "$deb" Package)" = morvex ] || fail "the package has another name"
