@@ -33,7 +33,7 @@ void coordnodes2accel(int /*node_set_count*/)
     const bool titled = keyword_is("*DEFINE_COORDINATE_NODES_TITLE");
     const Title title = titled ? readtitle() : Title{""};
     const auto title_length = static_cast<int>(std::strlen(title.text));
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
         [[maybe_unused]] const int cid = card.integer();
         const int n1 = card.integer();
         const int n2 = card.integer();
@@ -49,10 +49,6 @@ void coordnodes2accel(int /*node_set_count*/)
         text(outfile, "printed definitions\n");
         text(outfile, "Accelerometer history:\n");
         text(outfile, "Node history:\n");
-        if (titled) {  // sic: only the first card
-            Card::end_line();
-            break;
-        }
     }
 }
 

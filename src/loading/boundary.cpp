@@ -49,7 +49,7 @@ void bprescribedmotion()
         keyword_is("*BOUNDARY_PRESCRIBED_MOTION_SET_ID") || keyword_is("*BOUNDARY_PRESCRIBED_MOTION_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title, also when refused
         PrescribedMotion motion{};
         motion.id = card.integer();
         motion.dof = card.integer();
@@ -93,11 +93,6 @@ void bprescribedmotion()
             if (of_set) write_prescribed_motion(Target::set, motion);
             if (of_node) write_prescribed_motion(Target::node, motion);
         }
-
-        if (titled) {  // sic: only the first card, also when it was refused
-            Card::end_line();
-            break;
-        }
     }
 }
 
@@ -132,7 +127,7 @@ void bspc()
     const bool titled = keyword_is("*BOUNDARY_SPC_SET_ID") || keyword_is("*BOUNDARY_SPC_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
         const Spc spc = read_spc(card);
 
         log_recognized();
@@ -140,11 +135,6 @@ void bspc()
         log_unused({});
         if (of_set) write_spc(Target::set, spc);
         if (of_node) write_spc(Target::node, spc);
-
-        if (titled) {  // sic: only the first card
-            Card::end_line();
-            break;
-        }
     }
 }
 

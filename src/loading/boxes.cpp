@@ -14,7 +14,7 @@ void definebox()
                         keyword_is("*DEFINE_BOX_COARSEN_TITLE") || keyword_is("*DEFINE_BOX_SPH_TITLE");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first box behind a title
         const int boxid = card.integer();
         const float xmn = card.real();
         const float xmx = card.real();
@@ -46,10 +46,5 @@ void definebox()
             log_unused({{"vid", eighth}, {"lcid", option1}, {"vd", option2}});
         else
             log_unused({});
-
-        if (titled) {  // sic: only the first box
-            Card::end_line();
-            break;
-        }
     }
 }

@@ -11,7 +11,7 @@ void definecoordnodes()
     const bool titled = keyword_is("*DEFINE_COORDINATE_NODES_TITLE");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first system behind a title
         const int cid = card.integer();
         const int n1 = card.integer();
         const int n2 = card.integer();
@@ -27,11 +27,6 @@ void definecoordnodes()
         if (titled) log_ignored_title();
         log_unused({{"flag", flag}});
         print(outfile, "%10s:%10s\n", "dir", dir.text);
-
-        if (titled) {  // sic: only the first system
-            Card::end_line();
-            break;
-        }
     }
 }
 
@@ -40,7 +35,7 @@ void definecoordsystem()
     const bool titled = keyword_is("*DEFINE_COORDINATE_SYSTEM_TITLE");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first system behind a title
         const int cid = card.integer();
         const Vector origin = read_vector(card);
         const Vector on_x_axis = read_vector(card);
@@ -56,10 +51,5 @@ void definecoordsystem()
         log_recognized();
         if (titled) log_ignored_title();
         log_unused({});
-
-        if (titled) {  // sic: only the first system
-            Card::end_line();
-            break;
-        }
     }
 }

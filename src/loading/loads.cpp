@@ -125,7 +125,7 @@ void loadsegset()
     const bool titled = keyword_is("*LOAD_SEGMENT_SET_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
         const int ssid = card.integer();
         const int lcid = card.integer();
         const float sf = card.real();
@@ -142,11 +142,6 @@ void loadsegset()
             print(inpfile, "!%9s %10s %10s %10s\n", "ssid", "lcid", "sf", "t0");
             print(inpfile, "%10i %10i %10.3e %10.3e\n", ssid, lcid, sf, at);
         }
-
-        if (titled) {  // sic: only the first card
-            Card::end_line();
-            break;
-        }
     }
 }
 
@@ -156,7 +151,7 @@ void loadseg()
     const bool titled = keyword_is("*LOAD_SEGMENT_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next();) {
+    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
         const int lcid = card.integer();
         const float sf = card.real();
         const float at = card.real();
@@ -191,11 +186,6 @@ void loadseg()
                   "sf", "sf", "sf", "t0");
             print(inpfile, "%10i %10i %10i %10i %10i %10.3e %10.3e %10.3e %10.3e %10.3e\n", lcid, n1, n2, n3, n4, sf,
                   sf, sf, sf, at);
-        }
-
-        if (titled) {  // sic: only the first card
-            Card::end_line();
-            break;
         }
     }
 }

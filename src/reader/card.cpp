@@ -69,7 +69,7 @@ void skip_title()
 bool Card::next()
 {
     if (begun_) infile.skip_line();
-    if (skip_comments() == '*') return false;
+    if (last_ || skip_comments() == '*') return false;
     begun_ = true;
     open_ = 1;
     return true;

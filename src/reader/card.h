@@ -47,6 +47,9 @@ public:
     // keyword line, which stays unread.
     bool next();
 
+    // When `last` holds, the card that was begun ends the block: next ends its line and is false, whatever follows.
+    void last_if(bool last) { last_ = last; }
+
     // Skips comment lines and begins a card, whatever its first character.
     void first();
 
@@ -65,4 +68,5 @@ public:
 private:
     int open_ = 0;
     bool begun_ = false;
+    bool last_ = false;
 };
