@@ -14,9 +14,6 @@ constexpr const char* contact_schemes[] = {
 
 void write_contact_options(const ContactOptions& options)
 {
-    const auto penalty_scale = static_cast<double>(options.penalty_scale);
-    const auto shell_thickness = static_cast<double>(options.shell_thickness);
-
     text(inpfile, "!--- Global contact options\n");
     print(inpfile, " Contact scheme                       : %10i", options.scheme);
     text(inpfile, "   !--- -1=off\n");
@@ -37,14 +34,14 @@ void write_contact_options(const ContactOptions& options)
     text(inpfile, "!--- Penalty based contact options\n");
     print(inpfile, " Element penalty formulation          : %10i", options.soft);
     text(inpfile, "   !--- 0=Standard penalty, 1=Soft material penalty\n");
-    print(inpfile, " Element penalty scale factor         : %10.1f", penalty_scale);
+    print(inpfile, " Element penalty scale factor         : %10.1f", options.penalty_scale);
     text(inpfile, "   !--- Defined for both standard and soft penalty formulations\n");
     print(inpfile, "!Part specific element scale factor   : %5i%5.1f", 2, 1.0);
     text(inpfile, "   !--- PID  PSF \n");  // sic: the trailing blank
     if (options.shell_thickness != 0.0f && options.shell_thickness != 1.0f)
-        print(inpfile, " Shell thickness scale factor         : %10.1f\n", shell_thickness);
+        print(inpfile, " Shell thickness scale factor         : %10.1f\n", options.shell_thickness);
     else
-        print(inpfile, "!Shell thickness scale factor         : %10.1f\n", shell_thickness);
+        print(inpfile, "!Shell thickness scale factor         : %10.1f\n", options.shell_thickness);
     print(inpfile, " Particle penalty formulation         : %10i", 0);
     text(inpfile, "   !--- 0=Standard penalty, 1=Soft material penalty\n");
     print(inpfile, " Particle penalty scale factor        : %10.1f", 1.0);

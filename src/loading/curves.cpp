@@ -19,7 +19,7 @@ Title curve_title()
 
 void log_applied(const char* name, float value)
 {
-    print(outfile, "%10s:%10.3e . . . Applied to data points\n", name, static_cast<double>(value));
+    print(outfile, "%10s:%10.3e . . . Applied to data points\n", name, value);
 }
 
 constexpr PassRow curve_rows[] = {
@@ -66,8 +66,7 @@ void definecurve()
     while (card.next()) {
         const float abscissa = card.real(20);
         const float ordinate = card.real(20);
-        print(inpfile, "%20.3e%20.3e\n", static_cast<double>(product(sum(abscissa, offa), sfa)),
-              static_cast<double>(product(sum(ordinate, offo), sfo)));
+        print(inpfile, "%20.3e%20.3e\n", product(sum(abscissa, offa), sfa), product(sum(ordinate, offo), sfo));
     }
 
     log_recognized();

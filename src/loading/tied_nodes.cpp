@@ -65,7 +65,6 @@ int surfcon2tnodes(int count)
     }
     print(inpfile, " %9i %8i %8i %8.1f %8.1f %8.1f %7.1f %7.1f %7.1f %7.1f   !---%-80s\n",  //
           cards.sides.ssid, slave_type(cards.sides.sstyp), cards.sides.msid,                //
-          static_cast<double>(cards.friction.fs), 0.0, 0.0, 0.0, 0.0, 0.0,                  //
-          static_cast<double>(cards.friction.fd), heading.text);
+          cards.friction.fs, 0.0, 0.0, 0.0, 0.0, 0.0, cards.friction.fd, heading.text);
     return number;
 }
