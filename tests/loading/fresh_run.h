@@ -22,3 +22,6 @@ inline std::string card(std::initializer_list<std::string_view> fields)
     for (const std::string_view field : fields) line.append(10 - field.size(), ' ').append(field);
     return line + "\n";
 }
+
+// Cards 1 to 3 of a contact without anything in them.
+inline const std::string blank_contact_cards = "\n\n\n";

@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <string>
 
+#include "loading/fresh_run.h"
 #include "loading/loading.h"
-#include "loading/ten_columns.h"
-#include "reader/run.h"
-#include "support/convert.h"
 
 namespace
 {
@@ -19,17 +15,13 @@ const std::string recognized = " . . . recognized keyword using accelerometer fu
                                "Accelerometer history:\n"
                                "Node history:\n";
 
-class Accelerometers : public testing::Test
-{
-protected:
-    void SetUp() override { reset_run(); }
-};
+using Accelerometers = FreshRun;
 }  // namespace
 
 TEST_F(Accelerometers, TitleNamesTheAccelerometer)
 {
     const Written out = convert(accelerometers, "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" +
-                                                    ten_columns({"1", "11", "12", "13", "1", "X"}) + "*END\n");
+                                                    card({"1", "11", "12", "13", "1", "X"}) + "*END\n");
     EXPECT_EQ(out.accelerometers, accelerometer_banner +
                                       "\n Accelerometer history        :\n"
                                       "!ac_id        nid         n1         n2         n3\n"
@@ -48,7 +40,7 @@ TEST_F(Accelerometers, HeadIsRightAlignedOverALongerTitle)
                                                         "$ comment\n"
                                                         "left door\n"
                                                         "$ comment\n" +
-                                                            ten_columns({"1", "11", "12", "13"}) + "*END\n");
+                                                            card({"1", "11", "12", "13"}) + "*END\n");
     EXPECT_EQ(out.accelerometers, "\n Accelerometer history        :\n"
                                   "!    ac_id        nid         n1         n2         n3\n"
                                   " left door         11         11         12         13\n"
@@ -59,9 +51,9 @@ TEST_F(Accelerometers, HeadIsRightAlignedOverALongerTitle)
 
 TEST_F(Accelerometers, TitledKeywordConvertsOnlyItsFirstCard)
 {
-    const Written out = convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" +
-                                                            ten_columns({"1", "11", "12", "13"}) +
-                                                            ten_columns({"2", "21", "22", "23"}) + "*END\n");
+    const Written out =
+        convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" + card({"1", "11", "12", "13"}) +
+                                            card({"2", "21", "22", "23"}) + "*END\n");
     EXPECT_EQ(lines_with(out.accelerometers, " Node history"), 1u);
     EXPECT_EQ(lines_with(out.accelerometers, " acc1         11"), 1u);
     EXPECT_EQ(out.log, "\n*DEFINE_COORDINATE_NODES_TITLE" + recognized);
@@ -71,7 +63,7 @@ TEST_F(Accelerometers, TitleWithNothingBehindItConvertsNothing)
 {
     const Written out = convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n"
                                                         "*DEFINE_COORDINATE_NODES_TITLE\nacc2\n" +
-                                                            ten_columns({"2", "21", "22", "23"}) + "*END\n");
+                                                            card({"2", "21", "22", "23"}) + "*END\n");
     EXPECT_EQ(lines_with(out.accelerometers, " Node history"), 1u);
     EXPECT_EQ(lines_with(out.accelerometers, " acc2 "), 1u);
 }
@@ -79,9 +71,9 @@ TEST_F(Accelerometers, TitleWithNothingBehindItConvertsNothing)
 TEST_F(Accelerometers, TwoTitledKeywordsGiveTwoGroupsInDeckOrder)
 {
     const Written out =
-        convert(accelerometer_keywords,
-                "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" + ten_columns({"1", "11", "12", "13"}) +
-                    "*DEFINE_COORDINATE_NODES_TITLE\nacc2\n" + ten_columns({"2", "21", "22", "23"}) + "*END\n");
+        convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" + card({"1", "11", "12", "13"}) +
+                                            "*DEFINE_COORDINATE_NODES_TITLE\nacc2\n" + card({"2", "21", "22", "23"}) +
+                                            "*END\n");
     EXPECT_EQ(lines_with(out.accelerometers, " Accelerometer history        :"), 2u);
     const auto first = out.accelerometers.find("\n acc1         11         11         12         13\n");
     const auto second = out.accelerometers.find("\n acc2         21         21         22         23\n");
@@ -92,9 +84,8 @@ TEST_F(Accelerometers, TwoTitledKeywordsGiveTwoGroupsInDeckOrder)
 
 TEST_F(Accelerometers, UntitledKeywordConvertsEveryCardUnderAnEmptyName)
 {
-    const Written out =
-        convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES\n" + ten_columns({"1", "11", "12", "13"}) +
-                                            "$ comment\n" + ten_columns({"2", "21", "22", "23"}) + "*END\n");
+    const Written out = convert(accelerometer_keywords, "*DEFINE_COORDINATE_NODES\n" + card({"1", "11", "12", "13"}) +
+                                                            "$ comment\n" + card({"2", "21", "22", "23"}) + "*END\n");
     EXPECT_EQ(out.accelerometers, "\n Accelerometer history        :\n"
                                   "!ac_id        nid         n1         n2         n3\n"
                                   "          11         11         12         13\n"
@@ -113,7 +104,7 @@ TEST_F(Accelerometers, UntitledKeywordConvertsEveryCardUnderAnEmptyName)
 
 TEST_F(Accelerometers, NodeSetCountIsWrittenNowhere)
 {
-    const std::string deck = "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" + ten_columns({"1", "11", "12", "13"}) + "*END\n";
+    const std::string deck = "*DEFINE_COORDINATE_NODES_TITLE\nacc1\n" + card({"1", "11", "12", "13"}) + "*END\n";
     const Written none = convert(accelerometers, deck);
     counts.node_sets = 77;
     const Written many = convert(accelerometers, deck);
@@ -124,16 +115,16 @@ TEST_F(Accelerometers, NodeSetCountIsWrittenNowhere)
 TEST_F(Accelerometers, OtherKeywordsArePassedOverInSilence)
 {
     const Written out =
-        convert(accelerometers, "*DEFINE_COORDINATE_NODET\n" + ten_columns({"1", "11", "12", "13"}) +
-                                    "*DEFINE_COORDINATE_SYSTEM\n" + ten_columns({"1"}) + "*END\n" +
-                                    "*DEFINE_COORDINATE_NODES\n" + ten_columns({"1", "11", "12", "13"}) + "*END\n");
+        convert(accelerometers, "*DEFINE_COORDINATE_NODET\n" + card({"1", "11", "12", "13"}) +
+                                    "*DEFINE_COORDINATE_SYSTEM\n" + card({"1"}) + "*END\n" +
+                                    "*DEFINE_COORDINATE_NODES\n" + card({"1", "11", "12", "13"}) + "*END\n");
     EXPECT_EQ(out.accelerometers, accelerometer_banner);
     EXPECT_EQ(out.log, "");
 }
 
 TEST_F(Accelerometers, PassGoesOnBehindAnUnknownKeyword)
 {
-    const Written out = convert(accelerometer_keywords,
-                                "*ENE\n*DEFINE_COORDINATE_NODES\n" + ten_columns({"1", "11", "12", "13"}) + "*END\n");
+    const Written out =
+        convert(accelerometer_keywords, "*ENE\n*DEFINE_COORDINATE_NODES\n" + card({"1", "11", "12", "13"}) + "*END\n");
     EXPECT_EQ(lines_with(out.accelerometers, " Node history"), 1u);
 }

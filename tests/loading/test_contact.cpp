@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <ostream>
 #include <string>
 #include <string_view>
 
+#include "loading/fresh_run.h"
 #include "loading/loading.h"
-#include "loading/ten_columns.h"
 #include "reader/pass.h"
-#include "reader/run.h"
-#include "support/convert.h"
 
 namespace
 {
@@ -75,11 +71,7 @@ const std::string thermal_and_friction_template =
     "!-------------------------------------------        pid1      pid2    s_coef    d_coef\n"
     "!Friction pair definition                   :          1         2      0.20      0.15\n";
 
-class Contact : public testing::Test
-{
-protected:
-    void SetUp() override { reset_run(); }
-};
+using Contact = FreshRun;
 
 // The deck that a block turns into, a single surface contact with these cards.
 Written single_surface(const std::string& cards)
@@ -100,10 +92,10 @@ TEST_F(Contact, FirstContactWritesTheOptionsAndOneInactivePair)
 
 TEST_F(Contact, ThreeContactsWriteTheOptionsOnceAndThreeEqualPairs)
 {
-    const Written out = convert(contact_section,  //
-                                "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + "*CONTACT_NODES_TO_SURFACE\n" +
-                                    ten_columns({"5", "6"}) + "\n\n" + "*CONTACT_ERODING_SINGLE_SURFACE\n" +
-                                    blank_contact_cards + "\n*END\n");
+    const Written out =
+        convert(contact_section,  //
+                "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + "*CONTACT_NODES_TO_SURFACE\n" + card({"5", "6"}) +
+                    "\n\n" + "*CONTACT_ERODING_SINGLE_SURFACE\n" + blank_contact_cards + "\n*END\n");
     EXPECT_EQ(out.deck,
               contact_banner + options_of_a_blank_contact() + inactive_pair + inactive_pair + inactive_pair + "\n\n");
     EXPECT_EQ(counts.contacts, 3);
@@ -120,7 +112,7 @@ TEST_F(Contact, CountsOnFromTheGivenCount)
     EXPECT_EQ(out.deck, inactive_pair);
 }
 
-// ---- banner, fallback and templates --------------------------------------------------------------------------------
+// ---- banner, fallback and templates
 
 TEST_F(Contact, StandardsFileLeavesOutTheBannerButNotThePass)
 {
@@ -257,7 +249,6 @@ TEST_F(Contact, TiedNodesAreNoContactAndAreFollowedByAnEmptyLine)
 }
 
 // ---- the pass
-// --------------------------------------------------------------------------------------------------------
 
 enum class Outcome { converted, skipped, silent };
 
@@ -271,10 +262,7 @@ void PrintTo(const KeywordCase& value, std::ostream* stream)
     *stream << value.keyword.substr(1);
 }
 
-class ContactPass : public testing::TestWithParam<KeywordCase>
-{
-protected:
-    void SetUp() override { reset_run(); }
+struct ContactPass : FreshRun, testing::WithParamInterface<KeywordCase> {
 };
 
 TEST_P(ContactPass, FirstMatchingRowDecides)
@@ -391,26 +379,23 @@ TEST_F(Contact, FlagTwoMakesTiedNodesOfTheTwoAutomaticTypesAlone)
 }
 
 // ---- scheme
-// ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Contact, SlaveSideOfTheFirstContactWarnsAndKeepsSchemeZero)
 {
-    const Written out = single_surface(ten_columns({"10", "20"}) + "\n\n");
+    const Written out = single_surface(card({"10", "20"}) + "\n\n");
     EXPECT_EQ(out.terminal, scheme_warning);
     EXPECT_EQ(out.deck, options_of_a_blank_contact() + inactive_pair);
 }
 
 TEST_F(Contact, SlaveSideOfALaterContactIsSilent)
 {
-    const Written out =
-        convert(contact_keywords, "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + "*CONTACT_SINGLE_SURFACE\n" +
-                                      ten_columns({"10", "20"}) + "\n\n*END\n");
+    const Written out = convert(contact_keywords, "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards +
+                                                      "*CONTACT_SINGLE_SURFACE\n" + card({"10", "20"}) + "\n\n*END\n");
     EXPECT_EQ(out.terminal, "");
     EXPECT_EQ(out.deck, options_of_a_blank_contact() + inactive_pair + inactive_pair);
 }
 
 // ---- options from the cards
-// ------------------------------------------------------------------------------------------
 
 namespace
 {
@@ -421,7 +406,7 @@ const std::string searches_label = " Iterations between NN search         :";
 
 TEST_F(Contact, SoftContactTakesItsPenaltyScaleFactorFromCardA)
 {
-    const Written out = single_surface("\n\n" + ten_columns({"0.7"}) + ten_columns({"1", "0.1"}));
+    const Written out = single_surface("\n\n" + card({"0.7"}) + card({"1", "0.1"}));
     EXPECT_EQ(line_with(out.deck, penalty_label), penalty_label + "        0.1" + penalty_comment);
     EXPECT_EQ(line_with(out.deck, " Element penalty formulation          :"),
               " Element penalty formulation          :          1   !--- 0=Standard penalty, 1=Soft material penalty");
@@ -431,7 +416,7 @@ TEST_F(Contact, SoftContactTakesItsPenaltyScaleFactorFromCardA)
 
 TEST_F(Contact, StandardContactTakesItsPenaltyScaleFactorFromCard3)
 {
-    const Written out = single_surface("\n\n" + ten_columns({"0.7"}) + ten_columns({"0", "0.1"}));
+    const Written out = single_surface("\n\n" + card({"0.7"}) + card({"0", "0.1"}));
     EXPECT_EQ(line_with(out.deck, penalty_label), penalty_label + "        0.7" + penalty_comment);
     EXPECT_EQ(lines_with(out.log, "       sfs:"), 0u);
     EXPECT_EQ(lines_equal(out.log, "    sofscl: 1.000e-01"), 1u);
@@ -439,11 +424,11 @@ TEST_F(Contact, StandardContactTakesItsPenaltyScaleFactorFromCard3)
 
 TEST_F(Contact, ZeroPenaltyScaleFactorBecomesOne)
 {
-    const Written soft = single_surface("\n\n" + ten_columns({"0.7"}) + ten_columns({"2"}));
+    const Written soft = single_surface("\n\n" + card({"0.7"}) + card({"2"}));
     EXPECT_EQ(line_with(soft.deck, penalty_label), penalty_label + "        1.0" + penalty_comment);
 
     reset_run();
-    const Written standard = single_surface("\n\n" + ten_columns({"0.0"}));
+    const Written standard = single_surface("\n\n" + card({"0.0"}));
     EXPECT_EQ(line_with(standard.deck, penalty_label), penalty_label + "        1.0" + penalty_comment);
 }
 
@@ -453,35 +438,41 @@ TEST_F(Contact, SearchesAreTenWithoutCardAAndZeroWhenItsFieldIsBlank)
     EXPECT_EQ(line_with(absent.deck, searches_label), searches_label + "         10");
 
     reset_run();
-    const Written blank = single_surface(blank_contact_cards + ten_columns({"1", "0.1"}));
+    const Written blank = single_surface(blank_contact_cards + card({"1", "0.1"}));
     EXPECT_EQ(line_with(blank.deck, searches_label), searches_label + "          0");
 
     reset_run();
-    const Written given = single_surface(blank_contact_cards + ten_columns({"", "", "", "", "", "", "25"}));
+    const Written given = single_surface(blank_contact_cards + card({"", "", "", "", "", "", "25"}));
     EXPECT_EQ(line_with(given.deck, searches_label), searches_label + "         25");
 }
 
 TEST_F(Contact, ShellThicknessLineIsActiveUnlessTheFactorIsZeroOrOne)
 {
     const std::string label = "Shell thickness scale factor         :";
-    const Written one = single_surface("\n\n" + ten_columns({"", "", "", "", "1.0"}));
+    const Written one = single_surface("\n\n" + card({"", "", "", "", "1.0"}));
     EXPECT_EQ(lines_equal(one.deck, "!" + label + "        1.0"), 1u);
     EXPECT_EQ(lines_with(one.deck, " " + label), 0u);
 
     reset_run();
-    const Written two = single_surface("\n\n" + ten_columns({"", "", "", "", "2.0"}));
+    const Written two = single_surface("\n\n" + card({"", "", "", "", "2.0"}));
     EXPECT_EQ(lines_equal(two.deck, " " + label + "        2.0"), 1u);
     EXPECT_EQ(lines_with(two.deck, "!" + label), 0u);
 }
 
+TEST_F(Contact, FactorsThatAreNoNumberAreNeitherZeroNorOne)
+{
+    const Written out = single_surface("\n\n" + card({"nan", "", "", "", "nan"}));
+    EXPECT_EQ(line_with(out.deck, penalty_label), penalty_label + "        nan" + penalty_comment);
+    EXPECT_EQ(lines_equal(out.deck, " Shell thickness scale factor         :        nan"), 1u);
+}
+
 // ---- log
-// -------------------------------------------------------------------------------------------------------------
 
 TEST_F(Contact, LogListsTheUnusedFieldsOfCards1To3)
 {
-    const Written out = single_surface(ten_columns({"1", "2", "3", "4", "5", "6", "7", "8"}) +
-                                       ten_columns({"0.1", "0.2", "0.3", "0.4", "0.5", "9", "0.6", "0.7"}) +
-                                       ten_columns({"1.1", "1.2", "1.3", "1.4", "1.5", "1.6", "1.7", "1.8"}));
+    const Written out = single_surface(card({"1", "2", "3", "4", "5", "6", "7", "8"}) +
+                                       card({"0.1", "0.2", "0.3", "0.4", "0.5", "9", "0.6", "0.7"}) +
+                                       card({"1.1", "1.2", "1.3", "1.4", "1.5", "1.6", "1.7", "1.8"}));
     EXPECT_EQ(out.log, "\n*CONTACT_SINGLE_SURFACE . . . recognized keyword\n"
                        "ignored optional cards b and c\n"
                        "unused variables:\n"
@@ -510,11 +501,11 @@ TEST_F(Contact, LogListsTheUnusedFieldsOfCards1To3)
 
 TEST_F(Contact, LogOfATitledErodingSoftContactListsCards4AndA)
 {
-    const Written out = convert(
-        contact_keywords, "*CONTACT_ERODING_SINGLE_SURFACE_ID\n"
-                          "         1title\n" +
-                              ten_columns({"1", "2"}) + "\n" + ten_columns({"1.1"}) + ten_columns({"11", "12", "13"}) +
-                              ten_columns({"2", "0.5", "3", "1.025", "4.5", "6", "7", "8"}) + "*END\n");
+    const Written out =
+        convert(contact_keywords, "*CONTACT_ERODING_SINGLE_SURFACE_ID\n"
+                                  "         1title\n" +
+                                      card({"1", "2"}) + "\n" + card({"1.1"}) + card({"11", "12", "13"}) +
+                                      card({"2", "0.5", "3", "1.025", "4.5", "6", "7", "8"}) + "*END\n");
     EXPECT_EQ(out.log, "\n*CONTACT_ERODING_SINGLE_SURFACE_ID . . . recognized keyword\n"
                        "ignored title line\n"
                        "ignored optional cards b and c\n"
@@ -553,13 +544,12 @@ TEST_F(Contact, LogOfATitledErodingSoftContactListsCards4AndA)
 }
 
 // ---- reading
-// ---------------------------------------------------------------------------------------------------------
 
 TEST_F(Contact, IdCardIsOneWholeLineAlsoWhenItIsEmpty)
 {
     const Written out = convert(contact_keywords, "*CONTACT_SINGLE_SURFACE_ID\n"
                                                   "\n" +
-                                                      ten_columns({"", "7"}) + "\n\n*END\n");
+                                                      card({"", "7"}) + "\n\n*END\n");
     EXPECT_EQ(lines_equal(out.log, "      msid:         7"), 1u);
 }
 
@@ -570,9 +560,8 @@ TEST_F(Contact, CommentsStandBeforeEveryCard)
                                   "$ one\n$ two\n"
                                   "         1title\n"
                                   "$\n" +
-                                      ten_columns({"", "21"}) + "$\n" + ten_columns({"", "0.22"}) + "$\n" +
-                                      ten_columns({"", "2.3"}) + "$\n" + ten_columns({"", "24"}) + "$\n" +
-                                      ten_columns({"", "", "25"}) + "$\n*END\n");
+                                      card({"", "21"}) + "$\n" + card({"", "0.22"}) + "$\n" + card({"", "2.3"}) +
+                                      "$\n" + card({"", "24"}) + "$\n" + card({"", "", "25"}) + "$\n*END\n");
     for (const char* line : {"      msid:        21", "        fd: 2.200e-01", "       sfm: 2.300e+00",
                              "    erosop:        24", "    lcidab:        25"})
         EXPECT_EQ(lines_equal(out.log, line), 1u) << line;
@@ -581,8 +570,7 @@ TEST_F(Contact, CommentsStandBeforeEveryCard)
 
 TEST_F(Contact, BlankBehindIdMakesItNoTitledContact)
 {
-    const Written out =
-        convert(contact_keywords, "*CONTACT_SINGLE_SURFACE_ID \n" + ten_columns({"", "7"}) + "\n\n*END\n");
+    const Written out = convert(contact_keywords, "*CONTACT_SINGLE_SURFACE_ID \n" + card({"", "7"}) + "\n\n*END\n");
     EXPECT_EQ(lines_equal(out.log, "      msid:         7"), 1u);
     EXPECT_EQ(lines_equal(out.log, "ignored title line"), 0u);
 }
@@ -591,14 +579,14 @@ TEST_F(Contact, CutKeywordLineLosesItsId)
 {
     // 49 characters are kept: "..._SURFACE_MOR"
     const Written out = convert(contact_keywords, "*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_MORTAR_ID\n" +
-                                                      ten_columns({"", "7"}) + "\n\n*END\n");
+                                                      card({"", "7"}) + "\n\n*END\n");
     EXPECT_EQ(lines_equal(out.log, "*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_MOR . . . recognized keyword"), 1u);
     EXPECT_EQ(lines_equal(out.log, "      msid:         7"), 1u);
 }
 
 TEST_F(Contact, Card4IsReadForErodingContactsAlone)
 {
-    const std::string cards = blank_contact_cards + ten_columns({"", "", "5"}) + ten_columns({"", "", "6"});
+    const std::string cards = blank_contact_cards + card({"", "", "5"}) + card({"", "", "6"});
     const Written eroding = convert(contact_keywords, "*CONTACT_ERODING_NODES_TO_SURFACE\n" + cards + "*END\n");
     EXPECT_EQ(lines_equal(eroding.log, "      iadj:         5"), 1u);
     EXPECT_EQ(lines_equal(eroding.log, "    lcidab:         6"), 1u);
@@ -611,11 +599,27 @@ TEST_F(Contact, Card4IsReadForErodingContactsAlone)
 
 TEST_F(Contact, CardsBAndCAreLeftUnread)
 {
-    const Written out =
-        convert(contact_keywords, "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + ten_columns({"1"}) +
-                                      ten_columns({"2"}) + ten_columns({"3"}) + "*CONTACT_TIED\n*END\n");
+    const Written out = convert(contact_keywords, "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + card({"1"}) +
+                                                      card({"2"}) + card({"3"}) + "*CONTACT_TIED\n*END\n");
     EXPECT_EQ(counts.contacts, 1);
     EXPECT_EQ(lines_equal(out.log, "*CONTACT_TIED . . . skipped"), 1u);
+}
+
+TEST_F(Contact, ReadingStopsBehindTheLastFieldOfCardA)
+{
+    // what stands there, in mid-line, is the next keyword line
+    const std::string card_a = std::string(79, ' ') + "7*CONTACT_TIED\n";
+    const Written out =
+        convert(contact_keywords, "*CONTACT_SINGLE_SURFACE\n" + blank_contact_cards + card_a + "*END\n");
+    EXPECT_EQ(lines_equal(out.log, "    frcfrq:         7"), 1u);
+    EXPECT_EQ(lines_equal(out.log, "*CONTACT_TIED . . . skipped"), 1u);
+}
+
+TEST_F(Contact, RestOfCard3IsDiscardedBeforeCardAIsLookedFor)
+{
+    const Written out = single_surface("\n\n" + std::string(80, ' ') + "*CONTACT_TIED\n");
+    EXPECT_EQ(lines_with(out.log, "    lcidab:"), 0u);
+    EXPECT_EQ(lines_with(out.log, "*CONTACT_TIED"), 0u);
 }
 
 TEST_F(Contact, MissingCardReadsTheNextKeywordLineAsACard)
@@ -629,6 +633,6 @@ TEST_F(Contact, MissingCardReadsTheNextKeywordLineAsACard)
 
 TEST_F(Contact, FieldsKeepSinglePrecision)
 {
-    const Written out = single_surface("\n" + ten_columns({"1e39"}) + "\n");
+    const Written out = single_surface("\n" + card({"1e39"}) + "\n");
     EXPECT_EQ(lines_equal(out.log, "        fs:       inf"), 1u);
 }

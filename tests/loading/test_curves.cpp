@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <string>
 
+#include "loading/fresh_run.h"
 #include "loading/loading.h"
-#include "loading/ten_columns.h"
-#include "reader/run.h"
-#include "support/convert.h"
 
 namespace
 {
@@ -31,27 +27,22 @@ std::string point(const std::string& abscissa, const std::string& ordinate)
     return std::string(20 - abscissa.size(), ' ') + abscissa + std::string(20 - ordinate.size(), ' ') + ordinate + "\n";
 }
 
-class Curves : public testing::Test
-{
-protected:
-    void SetUp() override { reset_run(); }
-};
+using Curves = FreshRun;
 
 // The point lines of a curve whose card 1 has these scale factors and offsets.
 std::string points_of(const std::string& sfa, const std::string& sfo, const std::string& offa, const std::string& offo,
                       const std::string& points)
 {
     const Written out =
-        convert(curve_keywords, "*DEFINE_CURVE\n" + ten_columns({"1", "0", sfa, sfo, offa, offo}) + points + "*END\n");
+        convert(curve_keywords, "*DEFINE_CURVE\n" + card({"1", "0", sfa, sfo, offa, offo}) + points + "*END\n");
     return out.deck.substr(out.deck.find(point_heads) + point_heads.size());
 }
 }  // namespace
 
 TEST_F(Curves, CurveIsShiftedAndScaled)
 {
-    const Written out =
-        convert(curve_keywords, "*DEFINE_CURVE\n" + ten_columns({"3", "0", "0.0", "2.0", "1.0", "0.0", "0"}) +
-                                    point("1.0", "5.0") + "*END\n");
+    const Written out = convert(curve_keywords, "*DEFINE_CURVE\n" + card({"3", "0", "0.0", "2.0", "1.0", "0.0", "0"}) +
+                                                    point("1.0", "5.0") + "*END\n");
     EXPECT_EQ(out.deck, lcid_line + " Load curve definition:                3              load curve\n"
                                     "!---------- abscissa ---------- ordinate\n"
                                     "           2.000e+00           1.000e+01\n");
@@ -68,7 +59,7 @@ TEST_F(Curves, CurveIsShiftedAndScaled)
 TEST_F(Curves, LogShowsWhatIsNotPassedOn)
 {
     const Written out =
-        convert(curve_keywords, "*DEFINE_CURVE\n" + ten_columns({"3", "1", "4.0", "", "-0.5", "0.25", "6"}) + "*END\n");
+        convert(curve_keywords, "*DEFINE_CURVE\n" + card({"3", "1", "4.0", "", "-0.5", "0.25", "6"}) + "*END\n");
     EXPECT_EQ(out.log, "\n*DEFINE_CURVE . . . recognized keyword\n"
                        "unused variables:\n"
                        "      sidr:         1\n"
@@ -110,10 +101,9 @@ TEST_F(Curves, CommentsAmongThePointsAreSkippedAndBlankLinesArePoints)
 TEST_F(Curves, PointFieldsAreTwentyColumnsWide)
 {
     // Two numbers in twenty columns are one field, which ends as a number at the blanks behind the first.
-    EXPECT_EQ(points_of("", "", "", "", ten_columns({"1.0", "2.0"})), "           1.000e+00           0.000e+00\n");
+    EXPECT_EQ(points_of("", "", "", "", card({"1.0", "2.0"})), "           1.000e+00           0.000e+00\n");
     // A number that is not at the end of its twenty columns is none.
-    EXPECT_EQ(points_of("", "", "", "", ten_columns({"1.0", "", "2.0", "3.0"})),
-              "           0.000e+00           2.000e+00\n");
+    EXPECT_EQ(points_of("", "", "", "", card({"1.0", "", "2.0", "3.0"})), "           0.000e+00           2.000e+00\n");
 }
 
 TEST_F(Curves, TitleReplacesTheCommonName)
@@ -122,22 +112,34 @@ TEST_F(Curves, TitleReplacesTheCommonName)
                                                 "$ comment\n"
                                                 "pulse\n"
                                                 "$ comment\n" +
-                                                    ten_columns({"12"}) + "*END\n");
+                                                    card({"12"}) + "*END\n");
     EXPECT_EQ(out.deck, lcid_line + " Load curve definition:               12                   pulse\n" + point_heads);
     EXPECT_TRUE(out.log.starts_with("\n*DEFINE_CURVE_TITLE . . . recognized keyword\nunused variables:\n"));
 }
 
 TEST_F(Curves, LongTitleIsKeptToEightyCharacters)
 {
-    const Written out = convert(curve_keywords, "*DEFINE_CURVE_TITLE\n" + std::string(80, 't') + "uv\n" +
-                                                    ten_columns({"12"}) + "*END\n");
+    const Written out =
+        convert(curve_keywords, "*DEFINE_CURVE_TITLE\n" + std::string(80, 't') + "uv\n" + card({"12"}) + "*END\n");
     EXPECT_EQ(out.deck,
               lcid_line + " Load curve definition:               12    " + std::string(80, 't') + "\n" + point_heads);
 }
 
+TEST_F(Curves, TitleOf79CharactersKeepsItsNewline)
+{
+    const std::string title(79, 't');
+    const Written out = convert(curve_keywords, "*DEFINE_CURVE_TITLE\n" + title + "\n" + card({"12"}) + "*END\n");
+    EXPECT_EQ(out.deck, lcid_line + " Load curve definition:               12    " + title + "\n\n" + point_heads);
+}
+
+TEST_F(Curves, ScaleFactorThatIsZeroInSinglePrecisionBecomesOne)
+{
+    EXPECT_EQ(points_of("1e-50", "-0.0", "", "", point("3.0", "4.0")), "           3.000e+00           4.000e+00\n");
+}
+
 TEST_F(Curves, LowerCaseKeywordIsConverted)
 {
-    const Written out = convert(curve_keywords, "*define_curve_title\npulse\n" + ten_columns({"12"}) + "*end\n");
+    const Written out = convert(curve_keywords, "*define_curve_title\npulse\n" + card({"12"}) + "*end\n");
     EXPECT_EQ(lines_equal(out.deck, " Load curve definition:               12                   pulse"), 1u);
 }
 
@@ -145,12 +147,12 @@ TEST_F(Curves, OtherCurveKeywordsAreSkipped)
 {
     for (const char* name : {"COMPENSATION", "DRAWBEAD", "ENTITY", "FEEDBACK", "FUNCTION", "SMOOTH", "TRIM"}) {
         std::string keyword = std::string("*DEFINE_CURVE_") + name;
-        const Written out = convert(curve_keywords, keyword + "\n" + ten_columns({"1"}) + "*END\n");
+        const Written out = convert(curve_keywords, keyword + "\n" + card({"1"}) + "*END\n");
         EXPECT_EQ(out.deck, "");
         EXPECT_EQ(out.log, "\n" + keyword + " . . . skipped\n");
 
         ++keyword.back();
-        const Written near_miss = convert(curve_keywords, keyword + "\n" + ten_columns({"1"}) + "*END\n");
+        const Written near_miss = convert(curve_keywords, keyword + "\n" + card({"1"}) + "*END\n");
         EXPECT_EQ(lines_with(near_miss.deck, " Load curve definition:"), 1u) << keyword;
         EXPECT_TRUE(near_miss.log.starts_with("\n" + keyword + " . . . recognized keyword\n")) << keyword;
     }
@@ -158,16 +160,15 @@ TEST_F(Curves, OtherCurveKeywordsAreSkipped)
 
 TEST_F(Curves, OtherKeywordsArePassedOverInSilence)
 {
-    const Written out =
-        convert(curve_keywords, "*DEFINE_CURVF\n" + ten_columns({"1"}) + "*DEFINE_TABLE\n" + ten_columns({"1"}) +
-                                    "*ENE\n" + "*END\n*DEFINE_CURVE\n" + ten_columns({"1"}) + "*END\n");
+    const Written out = convert(curve_keywords, "*DEFINE_CURVF\n" + card({"1"}) + "*DEFINE_TABLE\n" + card({"1"}) +
+                                                    "*ENE\n" + "*END\n*DEFINE_CURVE\n" + card({"1"}) + "*END\n");
     EXPECT_EQ(out.deck, "");
     EXPECT_EQ(out.log, "");
 }
 
 TEST_F(Curves, PassGoesOnBehindAnUnknownKeyword)
 {
-    const Written out = convert(curve_keywords, "*ENE\n*DEFINE_CURVE\n" + ten_columns({"1"}) + "*END\n");
+    const Written out = convert(curve_keywords, "*ENE\n*DEFINE_CURVE\n" + card({"1"}) + "*END\n");
     EXPECT_EQ(lines_with(out.deck, " Load curve definition:"), 1u);
 }
 
@@ -187,7 +188,7 @@ TEST_F(Curves, SectionWithoutCurvesHasThePlotCurve)
 
 TEST_F(Curves, PlotCurveFollowsTheCurvesOfTheDeckAsNumber1)
 {
-    const Written out = convert(load_curves, "*DEFINE_CURVE\n" + ten_columns({"1"}) + point("1.0", "2.0") + "*END\n");
+    const Written out = convert(load_curves, "*DEFINE_CURVE\n" + card({"1"}) + point("1.0", "2.0") + "*END\n");
     EXPECT_EQ(out.deck, curve_banner + lcid_line +
                             " Load curve definition:                1              load curve\n" + point_heads +
                             "           1.000e+00           2.000e+00\n" + plot_curve);

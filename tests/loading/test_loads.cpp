@@ -110,6 +110,17 @@ TEST_F(LoadBlast, ASecondPairOfCardsIsLoggedUnderTheKeywordThatTheLookUpStoppedA
                        "\n*LOAD_BEHIND . . . skipped\n");
 }
 
+TEST_F(LoadBlast, TheLookUpReturnsIntoTheLineThatItLeft)
+{
+    // the rest of the second card is no keyword line, whatever it holds
+    const Written out = convert(boundary_keywords, "*LOAD_BLAST\n" + card({"1"}) + std::string(40, ' ') +
+                                                       "*LOAD_NO_KEYWORD\n" + card({"2"}) + card({"3"}) +
+                                                       "*LOAD_SEGMENT_SET\n" + card({"7", "-2"}) + "*END\n");
+    EXPECT_EQ(lines_with(out.deck, "         7  1.000e+00"), 1U);
+    EXPECT_EQ(lines_with(out.deck, "         7  2.000e+00"), 1U);
+    EXPECT_EQ(lines_with(out.log, "*LOAD_NO_KEYWORD"), 0U);
+}
+
 // ---- *LOAD_NODE
 
 TEST_F(LoadNode, EachCardOfASetBlockIsAGroup)

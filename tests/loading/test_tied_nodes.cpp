@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <string>
 
+#include "loading/fresh_run.h"
 #include "loading/loading.h"
-#include "loading/ten_columns.h"
-#include "reader/run.h"
-#include "support/convert.h"
 
 namespace
 {
@@ -22,7 +18,7 @@ std::string definition(const std::string& first_columns, const std::string& radi
 // Cards 1 to 3 of a contact between segment sets.
 std::string contact_cards(const char* ssid, const char* msid, const char* sstyp, const char* fs, const char* fd)
 {
-    return ten_columns({ssid, msid, sstyp}) + ten_columns({fs, fd}) + "\n";
+    return card({ssid, msid, sstyp}) + card({fs, fd}) + "\n";
 }
 
 // The line of a contact whose cards are all blank.
@@ -31,14 +27,8 @@ std::string blank_definition(const std::string& heading)
     return definition("         0        1        0      0.0", "     0.0", heading);
 }
 
-class TiedNodes : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        reset_run();
-        contflag = 2;
-    }
+struct TiedNodes : FreshRun {
+    TiedNodes() { contflag = 2; }
 };
 
 Written titled(const std::string& cards)
@@ -96,13 +86,12 @@ TEST_F(TiedNodes, CountsOnFromTheGivenCount)
 
 TEST_F(TiedNodes, CardAIsReadAndDropped)
 {
-    const Written out = titled("         1 glue\n" + blank_contact_cards + ten_columns({"1", "0.1"}));
+    const Written out = titled("         1 glue\n" + blank_contact_cards + card({"1", "0.1"}));
     EXPECT_EQ(out.deck, heads + blank_definition("glue"));
     EXPECT_EQ(out.log, "");
 }
 
 // ---- the ID card
-// -----------------------------------------------------------------------------------------------------
 
 TEST_F(TiedNodes, TitledBlockLosesTheFirstCharacterOfItsIdCard)
 {
@@ -119,10 +108,10 @@ TEST_F(TiedNodes, CommentLinesBeforeTheIdCardKeepItsFirstCharacter)
 TEST_F(TiedNodes, BlockWithoutIdIsReadOneCardOutOfStep)
 {
     const Written out = convert(contact_keywords, "*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE\n" +
-                                                      ten_columns({"10", "20"}) +       // taken as the ID card
-                                                      ten_columns({"3.5", "4", "4"}) +  // taken as card 1
-                                                      ten_columns({"1.5", "2.5"}) +     // taken as card 2
-                                                      "*END\n" +                        // taken as card 3
+                                                      card({"10", "20"}) +       // taken as the ID card
+                                                      card({"3.5", "4", "4"}) +  // taken as card 1
+                                                      card({"1.5", "2.5"}) +     // taken as card 2
+                                                      "*END\n" +                 // taken as card 3
                                                       "*END\n");
     EXPECT_EQ(out.deck, heads + definition("         3        0        4      1.5", "     2.5", "        20"));
     EXPECT_EQ(counts.tied_nodes, 1);
@@ -140,12 +129,21 @@ TEST_F(TiedNodes, CommentsStandBeforeTheCardsBehindTheIdCard)
 {
     const Written out = titled("         1 glue\n"
                                "$ 1\n" +
-                               ten_columns({"10", "20", "0"}) + "$ 2\n" + ten_columns({"0.5", "2.0"}) +
+                               card({"10", "20", "0"}) + "$ 2\n" + card({"0.5", "2.0"}) +
                                "$ 3\n\n"
                                "$ a\n" +
-                               ten_columns({"1"}) + "$ end\n");
+                               card({"1"}) + "$ end\n");
     EXPECT_EQ(out.deck, heads + definition("        10        1       20      0.5", "     2.0", "glue"));
     EXPECT_EQ(out.log, "");
+}
+
+TEST_F(TiedNodes, ReadingStopsBehindTheLastFieldOfCardA)
+{
+    // what stands there, in mid-line, is the next keyword line
+    const std::string card_a = std::string(80, ' ') + "*CONTACT_TIED\n";
+    const Written out = titled("         1 glue\n" + blank_contact_cards + card_a);
+    EXPECT_EQ(out.deck, heads + blank_definition("glue"));
+    EXPECT_EQ(out.log, "\n*CONTACT_TIED . . . skipped\n");
 }
 
 TEST_F(TiedNodes, IdCardThatEndsInItsIdentifierHasAnEmptyHeading)
