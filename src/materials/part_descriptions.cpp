@@ -7,12 +7,17 @@
 
 namespace
 {
+// clang-format off
 constexpr PassRow part_rows[] = {
-    {"*PART_ADAPTIVE", skipped}, {"*PART_COMPOSITE", skipped}, {"*PART_MODES", skipped},
-    {"*PART_SENSOR", skipped},   {"*PART_MOVE", skipped},      {"*PART", part},  // every other option
-
+    {"*PART_ADAPTIVE", skipped},
+    {"*PART_COMPOSITE", skipped},
+    {"*PART_MODES", skipped},
+    {"*PART_SENSOR", skipped},
+    {"*PART_MOVE", skipped},
+    {"*PART", part},  // every other option
     {"*END", end_of_pass},
 };
+// clang-format on
 static_assert(every_row_reachable(part_rows));
 
 constexpr Conversion part_conversions[] = {
