@@ -1,5 +1,6 @@
-// What materials and equations of state have in common: a title, cards, a header, a definition line, and groups of
-// parameters. A member of the family reads its cards in order, writes its groups in order and logs what it left out.
+// What definitions have in common. Materials and equations of state share all of it: a title, cards, a header, a
+// definition line, and groups of parameters; a member of the family reads its cards in order, writes its groups in
+// order and logs what it left out. The other definitions read their cards in the same way.
 #pragma once
 
 #include <initializer_list>
