@@ -102,7 +102,7 @@ void matsimpjohnsoncook()
     first_card(card, mid, ro, e, pr, vp);
     float a, b, n, c, psfail, sigmax, sigsat, epso;
     another_card(card, a, b, n, c, psfail, sigmax, sigsat, epso);
-    const float g = quotient(e, product(2.0f, sum(1.0f, pr)));
+    const float g = quotient(e, 2.0f * (1.0f + pr));
 
     write_material(mid, johnson_cook, ro, title);
     write_johnson_cook({.smod = g,

@@ -70,6 +70,32 @@ TEST_F(SimplifiedJohnsonCook, BecomesTheFullMaterialWithFixedValues)
                             "to the full johnson cook model\n");
 }
 
+// The value under "smod" for E and PR in ten columns each.
+std::string shear_modulus(const std::string& e_and_pr)
+{
+    const Written out = convert_block(matsimpjohnsoncook, "*MAT_SIMPLIFIED_JOHNSON_COOK\n"
+                                                          "         7        12" +
+                                                              e_and_pr +
+                                                              "\n"
+                                                              "        21        22        23        24\n"
+                                                              "*END\n");
+    const std::size_t labels = out.deck.find("!     smod");
+    return out.deck.substr(out.deck.find('\n', labels) + 1, 10);
+}
+
+TEST_F(SimplifiedJohnsonCook, RatioOfMinusOneGivesANonFiniteShearModulus)
+{
+    EXPECT_EQ(shear_modulus("    2.0e11      -1.0"), "       inf");
+    EXPECT_EQ(shear_modulus("       0.0      -1.0"), "      -nan");
+    EXPECT_EQ(shear_modulus("    2.0e11       nan"), "       nan");
+}
+
+// 2 (1 + 3e38) is beyond single precision, though not beyond double.
+TEST_F(SimplifiedJohnsonCook, ShearModulusIsWorkedOutInSinglePrecision)
+{
+    EXPECT_EQ(shear_modulus("    2.0e11    3.0e38"), " 0.000e+00");
+}
+
 TEST_F(Ceramics, WritesThreeGroupsAndTwoFlagsWithOneDecimal)
 {
     const Written out = convert_block(
@@ -121,26 +147,16 @@ TEST_F(Ceramics, TitleFormReadsItsTitleAsCardOne)
 
 TEST_F(Ceramics, OnlyTheSpellingWithoutItsSReadsATitle)
 {
-    const Written out = convert_block(
-        matjohnsonholmquistceramic, "*MAT_JOHNSON_HOLMQUIST_CERAMIC_TITLE\n"
-                                    "alumina\n"
-                                    "         7        12        13        14        15        16        17        18\n"
-                                    "        21        22        23        24        25        26\n"
-                                    "        31        32        33        34        35        36\n"
-                                    "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7         43  1.200e+01                alumina\n"
-                            "!        g          a          b          c          m          n\n"
-                            " 1.300e+01  1.400e+01  1.500e+01  1.600e+01  1.700e+01  1.800e+01\n"
-                            "!     epsi          t      sfmax        hel       phel       beta\n"
-                            " 2.100e+01  2.200e+01  2.300e+01  2.400e+01  2.500e+01  2.600e+01\n"
-                            "!       d1         d2         k1         k2         k3         fs\n"
-                            " 3.100e+01  3.200e+01  3.300e+01  3.400e+01  3.500e+01  3.600e+01\n"
-                            "! ten_fail   plst_str\n"
-                            "       1.0        1.0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_JOHNSON_HOLMQUIST_CERAMIC_TITLE . . . recognized keyword\n"
-                       "no unused variable:\n");
-    EXPECT_EQ(out.terminal, "");
+    const std::string cards = "alumina\n"
+                              "         7        12        13        14        15        16        17        18\n"
+                              "        21        22        23        24        25        26\n"
+                              "        31        32        33        34        35        36\n"
+                              "*END\n";
+    const Written titled = convert_block(matjohnsonholmquistceramic, "*MAT_JOHNSON_HOLMQUIST_CERAMIC_TITLE\n" + cards);
+    EXPECT_EQ(line_with(titled.deck, " Material"),
+              " Material Definition:          7         43  1.200e+01                alumina");
+    const Written longer = convert_block(matjohnsonholmquistceramic, "*MAT_JOHNSON_HOLMQUIST_CERAMIC_TITLES\n" + cards);
+    EXPECT_EQ(line_with(longer.deck, " Material"),
+              " Material Definition:          0         43  0.000e+00   JH Ceramic          ");
 }
 }  // namespace
