@@ -19,15 +19,8 @@ TEST_F(Elastic, WritesModulusAndRatioThenFourBlankSlots)
                             "!        e\n"
                             " 1.300e+01\n"
                             "!       pr\n"
-                            " 1.400e+01\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 1.400e+01\n" +
+                            blank_slots(4));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_ELASTIC . . . recognized keyword\n"
                        "unused variables:\n"
@@ -51,13 +44,8 @@ TEST_F(IsotropicElasticFailure, PositiveFailureStrainSetsEflag)
                             "!     bulk\n"
                             " 1.600e+01\n"
                             "!    eflag      pflag\n"
-                            " 1.000e+00  0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 1.000e+00  0.000e+00\n" +
+                            blank_slots(3));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_ISOTROPIC_ELASTIC_FAILURE . . . recognized keyword\n"
                        "unused variables:\n"
@@ -79,13 +67,8 @@ TEST_F(IsotropicElasticFailure, WarnsOfAZeroBulkModulusAndWritesTheMaterial)
                             "!     bulk\n"
                             " 0.000e+00\n"
                             "!    eflag      pflag\n"
-                            " 0.000e+00  0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 0.000e+00  0.000e+00\n" +
+                            blank_slots(3));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_ISOTROPIC_ELASTIC_FAILURE . . . recognized keyword\n"
                        "unused variables:\n"
@@ -93,6 +76,16 @@ TEST_F(IsotropicElasticFailure, WarnsOfAZeroBulkModulusAndWritesTheMaterial)
                        "      trem: 2.400e+01\n");
     EXPECT_EQ(out.terminal, "\n"
                             "Warning: Bulk Modulus set to 0.0!\n");
+}
+
+TEST_F(IsotropicElasticFailure, NegativeFailureStrainLeavesEflagZero)
+{
+    const Written out =
+        convert_block(matisotropicelasticfail, "*MAT_ISOTROPIC_ELASTIC_FAILURE\n"
+                                               "         7        12        13        14        15        16\n"
+                                               "      -0.1\n"
+                                               "*END\n");
+    EXPECT_NE(out.deck.find("!    eflag      pflag\n 0.000e+00  0.000e+00\n"), std::string::npos);
 }
 
 TEST_F(IsotropicElasticPlastic, WritesItsGroupBulkAndFourBlankSlots)
@@ -106,15 +99,8 @@ TEST_F(IsotropicElasticPlastic, WritesItsGroupBulkAndFourBlankSlots)
                             "!     smod       sigy       etan\n"
                             " 1.300e+01  1.400e+01  1.500e+01\n"
                             "!     bulk\n"
-                            " 1.600e+01\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 1.600e+01\n" +
+                            blank_slots(4));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_ISOTROPIC_ELASTIC_PLASTIC . . . recognized keyword\n"
                        "no unused variables\n");
@@ -132,20 +118,23 @@ TEST_F(IsotropicElasticPlastic, WarnsOfAZeroBulkModulusAndWritesTheMaterial)
                             "!     smod       sigy       etan\n"
                             " 1.300e+01  1.400e+01  1.500e+01\n"
                             "!     bulk\n"
-                            " 0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 0.000e+00\n" +
+                            blank_slots(4));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_ISOTROPIC_ELASTIC_PLASTIC . . . recognized keyword\n"
                        "no unused variables\n");
     EXPECT_EQ(out.terminal, "\n"
                             "Warning: Bulk Modulus set to 0.0!\n");
+}
+
+TEST_F(IsotropicElasticPlastic, NegativeBulkModulusIsNotWarnedOf)
+{
+    const Written out =
+        convert_block(matisotropicelasticplas, "*MAT_ISOTROPIC_ELASTIC_PLASTIC\n"
+                                               "         7        12        13        14        15       -16\n"
+                                               "*END\n");
+    EXPECT_NE(out.deck.find("!     bulk\n-1.600e+01\n"), std::string::npos);
+    EXPECT_EQ(out.terminal, "");
 }
 
 TEST_F(PlasticKinematic, WritesFiveSingleParametersAndOneBlankSlot)
@@ -218,56 +207,30 @@ TEST_F(Rigid, ConstraintsSetIcopt)
     EXPECT_EQ(out.terminal, "");
 }
 
+// A rigid material with CON1 and CON2 in ten columns each.
+std::string constrained(const std::string& con1_and_con2)
+{
+    return convert_block(matrigid, "*MAT_RIGID\n"
+                                   "         7        12        13        14\n"
+                                   "          " +
+                                       con1_and_con2 +
+                                       "\n"
+                                       "        31\n"
+                                       "*END\n")
+        .deck;
+}
+
 TEST_F(Rigid, WithoutConstraintsIcoptIsZero)
 {
-    const Written out =
-        convert_block(matrigid, "*MAT_RIGID\n"
-                                "         7        12        13        14        15        16        17        18\n"
-                                "        21       0.0       0.0\n"
-                                "        31        32        33        34        35        36\n"
-                                "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7         20  1.200e+01   Rigid               \n"
-                            "!     ymod\n"
-                            " 1.300e+01\n"
-                            "!       pr\n"
-                            " 1.400e+01\n"
-                            "!    icopt\n"
-                            " 0.000e+00\n"
-                            "!     con1\n"
-                            " 0.000e+00\n"
-                            "!     con2\n"
-                            " 0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_RIGID . . . recognized keyword\n"
-                       "unused variables:\n"
-                       "         n: 1.500e+01\n"
-                       "    couple: 1.600e+01\n"
-                       "         m: 1.700e+01\n"
-                       "     alias: 1.800e+01\n"
-                       "       cmo: 2.100e+01\n"
-                       "        a1: 3.100e+01\n"
-                       "        a2: 3.200e+01\n"
-                       "        a3: 3.300e+01\n"
-                       "        v1: 3.400e+01\n"
-                       "        v2: 3.500e+01\n"
-                       "        v3: 3.600e+01\n");
-    EXPECT_EQ(out.terminal, "");
+    EXPECT_NE(constrained("       0.0       0.0")
+                  .find("!    icopt\n 0.000e+00\n!     con1\n 0.000e+00\n!     con2\n 0.000e+00\n"),
+              std::string::npos);
 }
 
 TEST_F(Rigid, EitherConstraintSetsIcopt)
 {
-    for (const std::string constraints : {"       1.0       0.0", "       0.0      -1.0"}) {
-        const Written out = convert_block(matrigid, "*MAT_RIGID\n"
-                                                    "         7        12        13        14\n"
-                                                    "          " +
-                                                        constraints +
-                                                        "\n"
-                                                        "        31\n"
-                                                        "*END\n");
-        EXPECT_NE(out.deck.find("!    icopt\n 1.000e+00\n"), std::string::npos) << constraints;
-    }
+    for (const std::string constraints :
+         {"       1.0       0.0", "       0.0      -1.0", "      -1.0       0.0", "       1.0      -1.0"})
+        EXPECT_NE(constrained(constraints).find("!    icopt\n 1.000e+00\n"), std::string::npos) << constraints;
 }
 }  // namespace

@@ -29,21 +29,11 @@ TEST_F(LinearPolynomial, RelativeVolumeIsAlwaysOne)
 
 TEST_F(LinearPolynomial, WithoutATitleHasTheDefaultTitle)
 {
-    const Written out = convert_block(
-        eoslinearpoly, "*EOS_LINEAR_POLYNOMIAL\n"
-                       "         7        12        13        14        15        16        17        18\n"
-                       "        21        22\n"
-                       "*END\n");
-    EXPECT_EQ(out.deck, eos_header +
-                            " EOS definition:               7          1     Linear Polynomial     \n"
-                            "!       c0         c1         c2         c3         c4         c5         c6         e0\n"
-                            " 1.200e+01  1.300e+01  1.400e+01  1.500e+01  1.600e+01  1.700e+01  1.800e+01  2.100e+01\n"
-                            "!       v0\n"
-                            " 1.000e+00\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*EOS_LINEAR_POLYNOMIAL . . . recognized keyword\n"
-                       "no unused variables\n");
-    EXPECT_EQ(out.terminal, "");
+    const Written out = convert_block(eoslinearpoly, "*EOS_LINEAR_POLYNOMIAL\n"
+                                                     "         7\n"
+                                                     "        21        22\n"
+                                                     "*END\n");
+    EXPECT_EQ(line_with(out.deck, " EOS"), " EOS definition:               7          1     Linear Polynomial     ");
 }
 
 TEST_F(Jwl, WritesOneGroup)
@@ -97,20 +87,12 @@ TEST_F(Gruneisen, TakesTheRelativeVolumeFromCardTwo)
 
 TEST_F(Gruneisen, TitleFormHasItsTitle)
 {
-    const Written out =
-        convert_block(eosmgrun, "*EOS_GRUNEISEN_TITLE\n"
-                                "steel\n"
-                                "         7        12        13        14        15        16        17        18\n"
-                                "        21\n"
-                                "*END\n");
-    EXPECT_EQ(out.deck,
-              eos_header + " EOS definition:               7          4                    steel\n"
-                           "!        C         s1         s2         s3      gamma          a         e0         v0\n"
-                           " 1.200e+01  1.300e+01  1.400e+01  1.500e+01  1.600e+01  1.700e+01  1.800e+01  2.100e+01\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*EOS_GRUNEISEN_TITLE . . . recognized keyword\n"
-                       "no unused variables\n");
-    EXPECT_EQ(out.terminal, "");
+    const Written out = convert_block(eosmgrun, "*EOS_GRUNEISEN_TITLE\n"
+                                                "steel\n"
+                                                "         7\n"
+                                                "        21\n"
+                                                "*END\n");
+    EXPECT_EQ(line_with(out.deck, " EOS"), " EOS definition:               7          4                    steel");
 }
 
 TEST_F(IgnitionAndGrowth, WritesSixGroupsWithTwoQuotients)

@@ -38,6 +38,17 @@ TEST_F(ElasticPlasticHydro, WithoutSpallHasNoSpallCard)
     EXPECT_EQ(out.terminal, "");
 }
 
+TEST_F(ElasticPlasticHydro, NegativeFailureStrainLeavesEpflagZero)
+{
+    const Written out =
+        convert_block(matelasticplastichydro, "*MAT_ELASTIC_PLASTIC_HYDRO\n"
+                                              "         7        12        13        14        15        16      -0.5\n"
+                                              "\n\n\n\n"
+                                              "*END\n");
+    EXPECT_EQ(line_with(out.deck, "-5.000e-01"),
+              "-5.000e-01  0.000e+00          0          0          0          0          0          0");
+}
+
 TEST_F(ElasticPlasticHydro, SpallReadsItsCardBeforeTheCurve)
 {
     const Written out = convert_block(
@@ -71,91 +82,71 @@ TEST_F(ElasticPlasticHydro, SpallReadsItsCardBeforeTheCurve)
     EXPECT_EQ(out.terminal, "");
 }
 
+TEST_F(ElasticPlasticHydro, OptionsOtherThanSpallHaveNoSpallCard)
+{
+    const Written out = convert_block(matelasticplastichydro, "*MAT_ELASTIC_PLASTIC_HYDRO_STOCHASTIC\n"
+                                                              "         7        12\n"
+                                                              "        21        22        23\n"
+                                                              "\n\n\n"
+                                                              "*END\n");
+    EXPECT_EQ(lines_with(out.deck, " 0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00"
+                                   "          0"),
+              1u);
+    EXPECT_EQ(lines_with(out.deck, " 2.100e+01  2.200e+01  2.300e+01  0.000e+00"), 1u);
+}
+
+// A block with that BETA, in ten columns.
+std::string burn_block(const std::string& beta)
+{
+    return "*MAT_HIGH_EXPLOSIVE_BURN\n"
+           "         7        12        13        14" +
+           beta +
+           "        16        17        18\n"
+           "*END\n";
+}
+
+std::string burn_definition(const std::string& ilopt)
+{
+    return material_header +
+           " Material Definition:          7          8  1.200e+01   HE Burn             \n"
+           "!        d        pcj      ilopt\n"
+           " 1.300e+01  1.400e+01  " +
+           ilopt + "\n" + blank_slots(5);
+}
+
+// The note is the line on a BETA that is not available.
+std::string burn_log(const std::string& note)
+{
+    return "\n"
+           "*MAT_HIGH_EXPLOSIVE_BURN . . . recognized keyword\n"
+           "unused variables:\n" +
+           note +
+           "         k: 1.600e+01\n"
+           "         g: 1.700e+01\n"
+           "      sigy: 1.800e+01\n";
+}
+
 TEST_F(HighExplosiveBurn, BetaOneSetsIloptSilently)
 {
-    const Written out =
-        convert_block(matheburn, "*MAT_HIGH_EXPLOSIVE_BURN\n"
-                                 "         7        12        13        14       1.0        16        17        18\n"
-                                 "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7          8  1.200e+01   HE Burn             \n"
-                            "!        d        pcj      ilopt\n"
-                            " 1.300e+01  1.400e+01  1.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_HIGH_EXPLOSIVE_BURN . . . recognized keyword\n"
-                       "unused variables:\n"
-                       "         k: 1.600e+01\n"
-                       "         g: 1.700e+01\n"
-                       "      sigy: 1.800e+01\n");
+    const Written out = convert_block(matheburn, burn_block("       1.0"));
+    EXPECT_EQ(out.deck, burn_definition("1.000e+00"));
+    EXPECT_EQ(out.log, burn_log(""));
     EXPECT_EQ(out.terminal, "");
 }
 
 TEST_F(HighExplosiveBurn, BetaTwoClearsIloptSilently)
 {
-    const Written out =
-        convert_block(matheburn, "*MAT_HIGH_EXPLOSIVE_BURN\n"
-                                 "         7        12        13        14       2.0        16        17        18\n"
-                                 "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7          8  1.200e+01   HE Burn             \n"
-                            "!        d        pcj      ilopt\n"
-                            " 1.300e+01  1.400e+01  0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_HIGH_EXPLOSIVE_BURN . . . recognized keyword\n"
-                       "unused variables:\n"
-                       "         k: 1.600e+01\n"
-                       "         g: 1.700e+01\n"
-                       "      sigy: 1.800e+01\n");
+    const Written out = convert_block(matheburn, burn_block("       2.0"));
+    EXPECT_EQ(out.deck, burn_definition("0.000e+00"));
+    EXPECT_EQ(out.log, burn_log(""));
     EXPECT_EQ(out.terminal, "");
 }
 
 TEST_F(HighExplosiveBurn, BlankBetaIsReportedAsNotAvailable)
 {
-    const Written out =
-        convert_block(matheburn, "*MAT_HIGH_EXPLOSIVE_BURN\n"
-                                 "         7        12        13        14                  16        17        18\n"
-                                 "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7          8  1.200e+01   HE Burn             \n"
-                            "!        d        pcj      ilopt\n"
-                            " 1.300e+01  1.400e+01  0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_HIGH_EXPLOSIVE_BURN . . . recognized keyword\n"
-                       "unused variables:\n"
-                       "      beta: 0.000e+00 . . . Changed ilopt to 0.0 in Kestrune input\n"
-                       "         k: 1.600e+01\n"
-                       "         g: 1.700e+01\n"
-                       "      sigy: 1.800e+01\n");
+    const Written out = convert_block(matheburn, burn_block("          "));
+    EXPECT_EQ(out.deck, burn_definition("0.000e+00"));
+    EXPECT_EQ(out.log, burn_log("      beta: 0.000e+00 . . . Changed ilopt to 0.0 in Kestrune input\n"));
     EXPECT_EQ(out.terminal, "\n"
                             "Warning: Beta=0.000000 is not an available option in Kestrune.\n"
                             "Assuming ilopt=0.0\n");
@@ -163,34 +154,18 @@ TEST_F(HighExplosiveBurn, BlankBetaIsReportedAsNotAvailable)
 
 TEST_F(HighExplosiveBurn, AnyOtherBetaIsReportedWithItsValue)
 {
-    const Written out =
-        convert_block(matheburn, "*MAT_HIGH_EXPLOSIVE_BURN\n"
-                                 "         7        12        13        14       1.5        16        17        18\n"
-                                 "*END\n");
-    EXPECT_EQ(out.deck, material_header +
-                            " Material Definition:          7          8  1.200e+01   HE Burn             \n"
-                            "!        d        pcj      ilopt\n"
-                            " 1.300e+01  1.400e+01  0.000e+00\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*MAT_HIGH_EXPLOSIVE_BURN . . . recognized keyword\n"
-                       "unused variables:\n"
-                       "      beta: 1.500e+00 . . . Changed ilopt to 0.0 in Kestrune input\n"
-                       "         k: 1.600e+01\n"
-                       "         g: 1.700e+01\n"
-                       "      sigy: 1.800e+01\n");
-    EXPECT_EQ(out.terminal, "\n"
-                            "Warning: Beta=1.500000 is not an available option in Kestrune.\n"
-                            "Assuming ilopt=0.0\n");
+    const Written between = convert_block(matheburn, burn_block("       1.5"));
+    EXPECT_EQ(between.deck, burn_definition("0.000e+00"));
+    EXPECT_EQ(between.log, burn_log("      beta: 1.500e+00 . . . Changed ilopt to 0.0 in Kestrune input\n"));
+    EXPECT_EQ(between.terminal, "\n"
+                                "Warning: Beta=1.500000 is not an available option in Kestrune.\n"
+                                "Assuming ilopt=0.0\n");
+    const Written no_number = convert_block(matheburn, burn_block("       nan"));
+    EXPECT_EQ(no_number.deck, burn_definition("0.000e+00"));
+    EXPECT_EQ(no_number.log, burn_log("      beta:       nan . . . Changed ilopt to 0.0 in Kestrune input\n"));
+    EXPECT_EQ(no_number.terminal, "\n"
+                                  "Warning: Beta=nan is not an available option in Kestrune.\n"
+                                  "Assuming ilopt=0.0\n");
 }
 
 TEST_F(Null, LeavesErosionToTheFailureDefinition)
@@ -202,17 +177,8 @@ TEST_F(Null, LeavesErosionToTheFailureDefinition)
     EXPECT_EQ(out.deck, material_header +
                             " Material Definition:          7          9  1.200e+01   Fluid               \n"
                             "!       pc         mu\n"
-                            " 1.300e+01  1.400e+01\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 1.300e+01  1.400e+01\n" +
+                            blank_slots(5));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_NULL . . . recognized keyword\n"
                        "unused variables:\n"

@@ -20,3 +20,11 @@ inline const std::string material_header =
     "\n!--------------------------- MID       MTYP    Density   Title ------------------------\n";
 inline const std::string eos_header =
     "\n!------------------------- EOSID     EOSTYP      Title --------------------------------\n";
+
+// The lines of that many unused slots.
+inline std::string blank_slots(int count)
+{
+    std::string lines;
+    while (count-- > 0) lines += "!    blank\n         0\n";
+    return lines;
+}

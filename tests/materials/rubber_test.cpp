@@ -14,17 +14,8 @@ TEST_F(MooneyRivlin, IsOfType27AndItsDefaultTitleOverflows)
     EXPECT_EQ(out.deck, material_header +
                             " Material Definition:          7         27  1.200e+01   M-R Rubber            \n"
                             "!        a          b         nu\n"
-                            " 1.400e+01  1.500e+01  1.300e+01\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n"
-                            "!    blank\n"
-                            "         0\n");
+                            " 1.400e+01  1.500e+01  1.300e+01\n" +
+                            blank_slots(5));
     EXPECT_EQ(out.log, "\n"
                        "*MAT_MOONEY-RIVLIN_RUBBER . . . recognized keyword\n"
                        "unused variables:\n"
