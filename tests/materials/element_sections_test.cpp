@@ -214,13 +214,28 @@ TEST_F(SectionSph, TensorWithATitleReadsTheTitleAsItsCard)
                                     "unused variables:\n"));
 }
 
-TEST_F(SectionSph, OptionsOtherThanTensorAreNotNoted)
+TEST_F(SectionSph, TensorIsNoted)
 {
-    const Written out = convert_block(sectionsph, "*SECTION_SPH_ELLIPSE\n"
+    const Written out = convert_block(sectionsph, "*SECTION_SPH_TENSOR\n"
                                                   "         7\n"
                                                   "*END\n");
+    EXPECT_EQ(line_with(out.deck, " Element"), " Element formulation definition:         7       200");
     EXPECT_TRUE(out.log.starts_with("\n"
-                                    "*SECTION_SPH_ELLIPSE . . . recognized keyword\n"
+                                    "*SECTION_SPH_TENSOR . . . recognized keyword\n"
+                                    "additional options ignored on cards 2 and up\n"
                                     "unused variables:\n"));
+}
+
+TEST_F(SectionSph, OptionsOtherThanTensorAreNotNoted)
+{
+    for (const std::string keyword : {"*SECTION_SPH_ELLIPSE", "*SECTION_SPH_TENSO"}) {
+        const Written out = convert_block(sectionsph, keyword + "\n"
+                                                                "         7\n"
+                                                                "*END\n");
+        EXPECT_TRUE(out.log.starts_with("\n" + keyword +
+                                        " . . . recognized keyword\n"
+                                        "unused variables:\n"))
+            << keyword;
+    }
 }
 }  // namespace

@@ -64,6 +64,16 @@ TEST_F(Failure, PlasticKinematicWithoutFailureStrainLeavesDeletionAsItWas)
     EXPECT_EQ(edflag, 1);
 }
 
+TEST_F(Failure, NegativeFailureStrainAsksForDeletionToo)
+{
+    const Written out = failures("*MAT_PLASTIC_KINEMATIC\n"
+                                 "         7\n"
+                                 "        21        22      -0.5\n");
+    EXPECT_EQ(out.deck, " Failure definition:         7 -5.000e-01 -5.000e-01  5.000e-01  5.000e+00  0.000e+00 "
+                        " 0.000e+00  0.000e+00  1.000e-01\n");
+    EXPECT_EQ(edflag, 1);
+}
+
 TEST_F(Failure, NullTakesItsErosionVolumes)
 {
     const Written out = failures("*MAT_NULL\n"

@@ -30,6 +30,14 @@ TEST_F(Hourglass, TitleIsReadAndDropped)
     EXPECT_EQ(lines_equal(out.log, "ignored title line"), 1u);
 }
 
+TEST_F(Hourglass, OtherOptionsHaveNoTitle)
+{
+    const Written out = convert_block(hourglass, "*HOURGLASS_TITL\n"
+                                                 "         7         3\n"
+                                                 "*END\n");
+    EXPECT_EQ(out.deck, " Hourglass formulation definition:          7       3    0.00       1    0.00    0.00\n");
+}
+
 TEST_F(Hourglass, TypeAboveFiveBecomesOne)
 {
     const Written out = convert_block(hourglass, "*HOURGLASS\n"
@@ -95,6 +103,14 @@ TEST_F(Hourglass, BothTypesMayChange)
                                                  "         7         9       0.1         3\n"
                                                  "*END\n");
     EXPECT_EQ(out.deck, " Hourglass formulation definition:          7       1    0.10       1    0.00    0.00\n");
+    EXPECT_EQ(out.log, "\n"
+                       "*HOURGLASS . . . recognized keyword\n"
+                       "ignored title line\n"
+                       "unused variables:\n"
+                       "        qb: 0.000e+00\n"
+                       "        qw: 0.000e+00\n"
+                       "       ihq:         9 . . . Changing to 1 in Kestrune input\n"
+                       "     qtype:         3 . . . Changing to 1 in Kestrune input\n");
     EXPECT_EQ(out.terminal, "\n"
                             "Warning: type 9 is not available for hourglass\n"
                             "Changing hourglass type to 1\n"

@@ -104,15 +104,17 @@ TEST_F(Part, NumbersAreTruncated)
 
 TEST_F(Part, OptionIsNotedInTheLog)
 {
-    const Written out = convert_block(part, "*PART_PRINT\n"
-                                            "wall\n"
-                                            "         1         2         3\n"
-                                            "*END\n");
-    EXPECT_EQ(out.log, "\n"
-                       "*PART_PRINT . . . recognized keyword\n"
-                       "additional options ignored on cards 3 and up\n"
-                       "unused variables:\n"
-                       "    adpopt:         0\n");
+    for (const std::string keyword : {"*PART_PRINT", "*PART_INERTIA"}) {
+        const Written out = convert_block(part, keyword + "\n"
+                                                          "wall\n"
+                                                          "         1         2         3\n"
+                                                          "*END\n");
+        EXPECT_EQ(out.log, "\n" + keyword +
+                               " . . . recognized keyword\n"
+                               "additional options ignored on cards 3 and up\n"
+                               "unused variables:\n"
+                               "    adpopt:         0\n");
+    }
 }
 
 // Two option cards are taken for the heading and card of a part of their own.
