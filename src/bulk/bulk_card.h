@@ -8,16 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "reader/input_stream.h"
 #include "reader/numbers.h"
 #include "reader/output_stream.h"
-#include "reader/run.h"
-
-// The rest of infile's line, unread, when it can be taken whole.
-inline bool bulk_line(std::string_view& line)
-{
-    return fast_cards && infile.whole_line(line);
-}
 
 // The fields of a card's line in order. A field beyond the line's end is empty, and so is one whose last column is
 // blank.
@@ -57,7 +49,7 @@ public:
     Row(const Row&) = delete;
     Row& operator=(const Row&) = delete;
 
-    // "%<width>li" of a field eight columns wide. What the field holds is most often what is printed.
+    // "%<width>li" of a field eight or ten columns wide. What the field holds is most often what is printed.
     Row& integer64(std::string_view field, int width)
     {
         return copied(field, width) ? *this : integer64(field.empty() ? 0 : to_int64(field_value(field)), width);
@@ -68,7 +60,7 @@ public:
         return *this;
     }
 
-    // "%<width>i" of a field eight columns wide.
+    // "%<width>i" of the same.
     Row& integer(std::string_view field, int width)
     {
         return copied(field, width) ? *this : integer(field.empty() ? 0 : to_int(field_value(field)), width);
@@ -99,6 +91,7 @@ private:
     // True when what the field holds is also what is printed, and has been copied.
     bool copied(std::string_view field, int width)
     {
+        if (field.size() == 10 && field[0] == ' ' && field[1] == ' ') field.remove_prefix(2);
         if (field.size() != 8 || !is_printed_integer(field.data())) return false;
         for (int i = 8; i < width; ++i) *to_++ = ' ';
         std::uint64_t columns = eight_columns(field.data());
@@ -115,4 +108,23 @@ private:
 
     OutputStream& stream_;
     char* to_;
+};
+
+// The last columns of a block's latest card, from `begin` on: the fields that are read only to be logged once the block
+// has ended.
+class LastColumns
+{
+public:
+    explicit LastColumns(std::size_t begin) : begin_(begin) {}
+
+    void keep(std::string_view line)
+    {
+        length_ = line.size() > begin_ ? line.substr(begin_).copy(columns_, sizeof columns_) : 0;
+    }
+    [[nodiscard]] LineFields fields() const { return LineFields({columns_, length_}); }
+
+private:
+    std::size_t begin_;
+    std::size_t length_ = 0;
+    char columns_[40];
 };

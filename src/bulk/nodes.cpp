@@ -43,7 +43,7 @@ void node()
     if (counts.nodes == 0) write_heading();
     for (Card card; card.next(); ++counts.nodes) {
         std::string_view line;
-        if (bulk_line(line))
+        if (card.take_line(line))
             convert_line(line);
         else
             convert_card(card);

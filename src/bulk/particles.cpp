@@ -37,7 +37,7 @@ void esph()
     if (counts.particles == 0) write_heading();
     for (Card card; card.next(); ++counts.particles) {
         std::string_view line;
-        if (bulk_line(line))
+        if (card.take_line(line))
             convert_line(line);
         else
             convert_card(card);

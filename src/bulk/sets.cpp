@@ -169,7 +169,7 @@ void convert_member_cards()
     char c = skip_comments();
     while (c != '*') {
         std::string_view line;
-        if (bulk_line(line) && line.size() <= 80) {
+        if (fast_cards && infile.whole_line(line) && line.size() <= 80) {
             convert_members(line, count);
             infile.advance(line.size());
         } else {
@@ -188,6 +188,7 @@ void convert_member_cards()
 
 // The segment attributes, which are dropped; the log shows those of a set's last card.
 using SegmentAttributes = std::array<float, 4>;
+constexpr std::size_t first_attribute_column = 40;
 
 SegmentAttributes convert_segment(Card& card)
 {
@@ -199,13 +200,12 @@ SegmentAttributes convert_segment(Card& card)
     return {card.real(), card.real(), card.real(), card.real()};
 }
 
-SegmentAttributes convert_segment(std::string_view line)
+void convert_segment(std::string_view line)
 {
     LineFields fields(line);
     Row row(setfile);
-    for (int i = 0; i < 4; ++i) row.integer(fields.integer(10), 10);
+    for (int i = 0; i < 4; ++i) row.integer(fields.take(10), 10);
     row.end();
-    return {fields.real(10), fields.real(10), fields.real(10), fields.real(10)};
 }
 }  // namespace
 
@@ -241,18 +241,29 @@ void setsegment()
     const Attributes attributes = read_attributes(card);
     print(setfile, "\n Segment set definition :%5i%10s %-80s\n", sid, " ", title.text);
     if (cardflag == 1) print(inpfile, "!%7i%8s   %40s|\n", sid, "segment", title.text);
-    SegmentAttributes last{};
+    SegmentAttributes attributes_of_last{};
+    LastColumns last(first_attribute_column);
+    bool whole = false;
     while (card.next()) {
         std::string_view line;
-        last = bulk_line(line) ? convert_segment(line) : convert_segment(card);
+        whole = card.take_line(line);
+        if (whole) {
+            convert_segment(line);
+            last.keep(line);
+        } else {
+            attributes_of_last = convert_segment(card);
+        }
     }
+    if (LineFields fields = last.fields(); whole)
+        for (float& a : attributes_of_last) a = fields.real(10);
 
     log_recognized();
     if (has_title) log_ignored_title();
     log_attributes(attributes);
     constexpr std::array names = {"a1", "a2", "a3", "a4"};
-    for (std::size_t i = 0; i < last.size(); ++i)
-        print(outfile, "%10s:%10.3e . . . Not all values printed\n", names[i], static_cast<double>(last[i]));
+    for (std::size_t i = 0; i < attributes_of_last.size(); ++i)
+        print(outfile, "%10s:%10.3e . . . Not all values printed\n", names[i],
+              static_cast<double>(attributes_of_last[i]));
 }
 
 void set_section()

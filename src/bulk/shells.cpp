@@ -23,6 +23,9 @@ void write_heading()
 template <class Integer>
 using LaterNodes = std::array<Integer, 4>;
 
+constexpr std::size_t first_later_column = 48;
+constexpr std::array later_names = {"n5", "n6", "n7", "n8"};
+
 // ---- plain shells
 // ----------------------------------------------------------------------------------------------------
 
@@ -39,7 +42,7 @@ LaterNodes<std::int64_t> convert_card(Card& card)
     return {card.integer64(8), card.integer64(8), card.integer64(8), card.integer64(8)};
 }
 
-LaterNodes<std::int64_t> convert_line(std::string_view line)
+void convert_line(std::string_view line)
 {
     LineFields fields(line);
     Row row(geomfile);
@@ -47,58 +50,48 @@ LaterNodes<std::int64_t> convert_line(std::string_view line)
     for (int i = 0; i < 3; ++i) row.integer64(fields.take(8), 10).blank();
     row.integer64(fields.take(8), 10);
     row.text("\n        0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00").end();
-    return {fields.integer64(8), fields.integer64(8), fields.integer64(8), fields.integer64(8)};
 }
 
 // ---- shells with thickness
 // -------------------------------------------------------------------------------------------
 
-struct Shell {
-    int eid, pid, n1, n2, n3, n4;
-    LaterNodes<int> later;
-};
-
-struct Thickness {
-    float t1, t2, t3, t4, beta;
-};
-
-template <class Fields>
-Shell read_shell(Fields&& card)
+LaterNodes<int> convert_first_card(Card& card)
 {
-    return {card.integer(8),
-            card.integer(8),
-            card.integer(8),
-            card.integer(8),
-            card.integer(8),
-            card.integer(8),
-            {card.integer(8), card.integer(8), card.integer(8), card.integer(8)}};
+    const int eid = card.integer(8);
+    const int pid = card.integer(8);
+    const int n1 = card.integer(8);
+    const int n2 = card.integer(8);
+    const int n3 = card.integer(8);
+    const int n4 = card.integer(8);
+    print(geomfile, "%8i %8i %10i %10i %10i %10i\n", eid, pid, n1, n2, n3, n4);
+    return {card.integer(8), card.integer(8), card.integer(8), card.integer(8)};
 }
 
-template <class Fields>
-Thickness read_thickness(Fields&& card)
+void convert_first_line(std::string_view line)
 {
-    return {card.real(16), card.real(16), card.real(16), card.real(16), card.real(16)};
+    LineFields fields(line);
+    Row row(geomfile);
+    row.integer(fields.take(8), 8).blank().integer(fields.take(8), 8);
+    for (int i = 0; i < 4; ++i) row.blank().integer(fields.take(8), 10);
+    row.end();
 }
 
-void write(const Shell& shell, const Thickness& thickness)
+void convert_second_card(Card& card)
 {
-    const double t1 = thickness.t1;
-    const double t2 = thickness.t2;
-    const double t3 = thickness.t3;
-    const double t4 = thickness.t4;
-    const double beta = thickness.beta;
-    print(geomfile, "%8i %8i %10i %10i %10i %10i\n", shell.eid, shell.pid, shell.n1, shell.n2, shell.n3, shell.n4);
+    const double t1 = card.real(16);
+    const double t2 = card.real(16);
+    const double t3 = card.real(16);
+    const double t4 = card.real(16);
+    const double beta = card.real(16);
     print(geomfile, "%6s %10.3e %10.3e %10.3e %10.3e %10.3e\n", " ", t1, t2, t3, t4, beta);
 }
 
-void write_quickly(const Shell& shell, const Thickness& thickness)
+void convert_second_line(std::string_view line)
 {
+    LineFields fields(line);
     Row row(geomfile);
-    row.integer(shell.eid, 8).blank().integer(shell.pid, 8);
-    for (const int n : {shell.n1, shell.n2, shell.n3, shell.n4}) row.blank().integer(n, 10);
-    row.text("\n      ");
-    for (const float t : {thickness.t1, thickness.t2, thickness.t3, thickness.t4, thickness.beta})
-        row.blank().real<3>(t, 10);
+    row.text("      ");
+    for (int i = 0; i < 5; ++i) row.blank().real<3>(fields.real(16), 10);
     row.end();
 }
 }  // namespace
@@ -107,36 +100,51 @@ void eshell()
 {
     if (counts.shells == 0) write_heading();
     LaterNodes<std::int64_t> later{};
+    LastColumns last(first_later_column);
+    bool whole = false;
     for (Card card; card.next(); ++counts.shells) {
         std::string_view line;
-        later = bulk_line(line) ? convert_line(line) : convert_card(card);
+        whole = card.take_line(line);
+        if (whole) {
+            convert_line(line);
+            last.keep(line);
+        } else {
+            later = convert_card(card);
+        }
     }
+    if (LineFields fields = last.fields(); whole)
+        for (std::int64_t& n : later) n = fields.integer64(8);
     log_recognized();
     log_unused_heading();
-    constexpr std::array names = {"n5", "n6", "n7", "n8"};
     for (std::size_t i = 0; i < later.size(); ++i)
-        print(outfile, "%10s:%10li . . . Not all values printed\n", names[i], static_cast<long>(later[i]));
+        print(outfile, "%10s:%10li . . . Not all values printed\n", later_names[i], static_cast<long>(later[i]));
 }
 
 void eshellt()
 {
     if (counts.shells == 0) write_heading();
     LaterNodes<int> later{};
+    LastColumns last(first_later_column);
+    bool whole = false;
     for (Card card; card.next(); ++counts.shells) {
         std::string_view line;
-        const Shell shell = bulk_line(line) ? read_shell(LineFields(line)) : read_shell(card);
+        whole = card.take_line(line);
+        if (whole) {
+            convert_first_line(line);
+            last.keep(line);
+        } else {
+            later = convert_first_card(card);
+        }
         card.another();
-        const bool whole = bulk_line(line);
-        const Thickness thickness = whole ? read_thickness(LineFields(line)) : read_thickness(card);
-        if (whole)
-            write_quickly(shell, thickness);
+        if (card.take_line(line))
+            convert_second_line(line);
         else
-            write(shell, thickness);
-        later = shell.later;
+            convert_second_card(card);
     }
+    if (LineFields fields = last.fields(); whole)
+        for (int& n : later) n = fields.integer(8);
     log_recognized();
     log_unused_heading();
-    constexpr std::array names = {"n5", "n6", "n7", "n8"};
     for (std::size_t i = 0; i < later.size(); ++i)
-        print(outfile, "%10s:%10i . . . Not all values printed\n", names[i], later[i]);
+        print(outfile, "%10s:%10i . . . Not all values printed\n", later_names[i], later[i]);
 }

@@ -39,7 +39,7 @@ void esolid()
     if (counts.solids == 0) write_heading();
     for (Card card; card.next(); ++counts.solids) {
         std::string_view line;
-        if (bulk_line(line))
+        if (card.take_line(line))
             convert_line(line);
         else
             convert_card(card);

@@ -84,8 +84,16 @@ void Card::first()
 
 void Card::another()
 {
-    infile.skip_line();
+    if (begun_) infile.skip_line();
     first();
+}
+
+bool Card::take_line(std::string_view& line)
+{
+    if (!fast_cards || !infile.whole_line(line)) return false;
+    infile.advance(line.size() + 1);
+    begun_ = false;  // there is no rest of the line to discard
+    return true;
 }
 
 void Card::end_line()

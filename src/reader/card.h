@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 // The field readers work on infile. `open` is the card's line-still-open flag: 1 before its first field; a reader that
 // meets the line's end sets it to 0, leaves the newline unread, and from then on every field of the card is empty.
@@ -58,6 +59,11 @@ public:
 
     // Discards the rest of the line, its newline included.
     static void end_line();
+
+    // The whole card at once, its line consumed to the newline, as bulk blocks take it; false, with nothing consumed,
+    // when the line does not stand whole in the window or lines are not to be taken whole. The view lasts until infile
+    // is read again.
+    bool take_line(std::string_view& line);
 
     double number(int width = 10) { return fblanks(width, &open_); }
     float real(int width = 10);
