@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
 
 #include "reader/output_stream.h"
 
@@ -103,10 +105,10 @@ ControlFile readinputs(const char* name)
     return control;
 }
 
-bool writeinputs(const char* name)
+std::string writeinputs(const char* name)
 {
     OutputStream file;
-    if (!file.open(name)) return false;
+    if (!file.open(name)) return file.failure();
     text(file, "!-------------------------------------------------------------------------------\n");
     text(file, "! input.morvex\n");
     text(file, "!-------------------------------------------------------------------------------\n\n");
@@ -117,5 +119,9 @@ bool writeinputs(const char* name)
         text(file, flag.comment);
     }
     file.close();
-    return file.failure().empty();
+    if (!file.failure().empty()) {
+        std::error_code ignored;  // what a link leads to is removed, and the link stays
+        std::filesystem::remove(std::filesystem::canonical(name, ignored), ignored);
+    }
+    return file.failure();
 }

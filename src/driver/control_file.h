@@ -16,5 +16,6 @@ struct ControlFile {
 // Reads the file; an unreadable one leaves everything 0 and empty. Never fails on what it holds.
 ControlFile readinputs(const char* name);
 
-// Writes a default file for the user to edit; false when it cannot be written.
-bool writeinputs(const char* name);
+// Writes a default file for the user to edit, and returns why it could not be written, or nothing. A file that could
+// not be written whole is removed.
+std::string writeinputs(const char* name);

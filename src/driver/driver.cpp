@@ -1,12 +1,14 @@
 #include "driver/driver.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "driver/control_file.h"
@@ -15,6 +17,8 @@
 #include "driver/sections.h"
 #include "reader/keyword_copy.h"
 #include "reader/run.h"
+
+namespace fs = std::filesystem;
 
 namespace
 {
@@ -89,7 +93,7 @@ std::vector<const char*> outputs()
 bool same_file(const char* a, const char* b)
 {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(a, ignored) && std::filesystem::equivalent(a, b, ignored);
+    return fs::is_regular_file(a, ignored) && fs::equivalent(a, b, ignored);
 }
 
 // True when an output is the deck, the control file or another output, by its name or through a link: nothing is
@@ -116,20 +120,20 @@ void create(OutputStream& stream, const char* name, int* flag = nullptr)
     if (flag != nullptr) *flag = 0;
 }
 
-void finish(OutputStream& stream, const char* name, int* flag = nullptr)
+// Closes an output; the flag of one that was not written whole is cleared.
+void finish(OutputStream& stream, const char* name, int& flag)
 {
-    if (!stream.is_open()) return;
     stream.close();
     if (stream.failure().empty()) return;
     report_fault(name, stream.failure());
-    if (flag != nullptr) *flag = 0;
+    flag = 0;
 }
 
 // Asks before an existing main deck is overwritten.
 bool may_write_main_deck()
 {
     std::error_code ignored;
-    if (!std::filesystem::exists(file_names.card, ignored)) return true;
+    if (!fs::exists(file_names.card, ignored)) return true;
     std::printf("%s already exists, but will be overwritten with the current settings (cardflag=1). Do you wish to "
                 "continue? (yes/no)\n",
                 file_names.card);
@@ -147,7 +151,8 @@ void write_keyword_copy()
     infile_geom.close();
     if (keyword_of.failure().empty()) return;
     report_fault(keyword_copy_name, keyword_of.failure());
-    cardflag = 0;  // the main deck is made from the copy
+    cardflag = 0;  // the main deck and the accelerometers are made from the copy
+    accelflag = 0;
 }
 
 // ---- the end of the run
@@ -167,11 +172,11 @@ void finish_files()
 {
     rewrite_particle_count();
     text(outfile, "\n **************** FINISHED **************** \n");
-    finish(inpfile, file_names.card, &cardflag);
-    finish(geomfile, file_names.geom, &geomflag);
-    finish(setfile, file_names.sets, &setflag);
-    finish(accelfile, accel_file_name, &accelflag);
-    finish(outfile, debug_file_name, &debflag);
+    finish(inpfile, file_names.card, cardflag);
+    finish(geomfile, file_names.geom, geomflag);
+    finish(setfile, file_names.sets, setflag);
+    finish(accelfile, accel_file_name, accelflag);
+    finish(outfile, debug_file_name, debflag);
 }
 
 // Names what was written; a file that could not be written whole has lost its flag.
@@ -191,23 +196,39 @@ void print_summary()
 int write_default_control_file()
 {
     std::printf("\nError: %s file does not exit . . . creating new %s . . .\n", control_file_name, control_file_name);
-    if (!writeinputs(control_file_name)) {
-        report_fault(control_file_name, "it cannot be written");
+    if (const std::string failure = writeinputs(control_file_name); !failure.empty()) {
+        report_fault(control_file_name, failure);
         return fault_status();
     }
     std::printf("Please modify %s file as needed and rerun morvex\n", control_file_name);
     return 1;
 }
 
+// Why the control file, which is there, cannot be read; nothing when it can.
+std::string control_file_failure()
+{
+    std::error_code ignored;
+    if (fs::is_directory(control_file_name, ignored)) return std::strerror(EISDIR);
+    std::FILE* const file = std::fopen(control_file_name, "rb");
+    if (file == nullptr) return std::strerror(errno);
+    std::fclose(file);
+    return {};
+}
+
+// The end of a run that converts nothing.
+int end_early()
+{
+    finish(outfile, debug_file_name, debflag);
+    return fault_status();
+}
+
 int convert()
 {
     std::printf("\nReading input file\n");
     std::error_code ignored;
-    if (!std::filesystem::exists(control_file_name, ignored)) return write_default_control_file();
-    if (std::FILE* control = std::fopen(control_file_name, "rb"); control != nullptr) {
-        std::fclose(control);
-    } else {
-        report_fault(control_file_name, "it cannot be read");
+    if (!fs::exists(control_file_name, ignored)) return write_default_control_file();
+    if (const std::string failure = control_file_failure(); !failure.empty()) {
+        report_fault(control_file_name, failure);
         return fault_status();
     }
     const ControlFile control = readinputs(control_file_name);
@@ -219,7 +240,7 @@ int convert()
     create(outfile, debug_file_name, &debflag);
     if (!name_fits || !infile_geom.open(file_names.deck, stream_window)) {
         std::printf("There is no %s file\n", control.sourcefile.c_str());
-        return fault_status();
+        return end_early();
     }
     std::printf("Opening %s file\n", file_names.deck);
     print(outfile, "Opening %s file\n", file_names.deck);
@@ -227,7 +248,7 @@ int convert()
     if (cardflag == 1) {
         if (!may_write_main_deck()) {
             std::printf("exiting\n");
-            return fault_status();
+            return end_early();
         }
         create(inpfile, file_names.card, &cardflag);
     }
@@ -245,8 +266,9 @@ int convert()
 // Standard output is buffered: that it could not be written may show only now.
 int finish_standard_output(int status)
 {
+    errno = 0;
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-    report_fault("standard output", "it cannot be written");
+    report_fault("standard output", std::strerror(errno != 0 ? errno : EIO));
     return fault_status();
 }
 }  // namespace

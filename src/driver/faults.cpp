@@ -8,16 +8,17 @@ namespace
 {
 std::set<std::string>& reported()
 {
-    static std::set<std::string> lines;
-    return lines;
+    static std::set<std::string> files;
+    return files;
 }
 }  // namespace
 
 void report_fault(std::string_view file, std::string_view reason)
 {
+    if (!reported().emplace(file).second) return;
     std::string line = "morvex: ";
     line.append(file).append(": ").append(reason).append("\n");
-    if (reported().insert(line).second) std::fputs(line.c_str(), stderr);
+    std::fputs(line.c_str(), stderr);
 }
 
 int fault_status()

@@ -3,7 +3,8 @@
 
 #include <string_view>
 
-// Writes "morvex: <file>: <reason>" to standard error, each different line once, and lets the run end with status 2.
+// Writes "morvex: <file>: <reason>" to standard error and lets the run end with status 2. Only the first fault of a
+// file is told: what follows comes of it.
 void report_fault(std::string_view file, std::string_view reason);
 
 // 2 when a fault was reported, else 0.
