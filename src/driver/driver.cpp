@@ -90,23 +90,38 @@ std::vector<const char*> outputs()
     return names;
 }
 
+// The file that a name stands for, which need not be there yet: links are followed.
+fs::path target(fs::path name)
+{
+    std::error_code failed;
+    for (int links = 0; links < 40 && fs::is_symlink(name, failed); ++links)
+        name = name.parent_path() / fs::read_symlink(name, failed);
+    const fs::path absolute = fs::absolute(name, failed);
+    const fs::path whole = fs::weakly_canonical(absolute, failed);
+    return failed ? absolute : whole;
+}
+
+// True when both names stand for one file. A device may take several outputs.
 bool same_file(const char* a, const char* b)
 {
     std::error_code ignored;
-    return fs::is_regular_file(a, ignored) && fs::equivalent(a, b, ignored);
+    if (fs::exists(a, ignored) || fs::exists(b, ignored))
+        return fs::is_regular_file(a, ignored) && fs::equivalent(a, b, ignored);
+    return target(a) == target(b);
 }
 
 // True when an output is the deck, the control file or another output, by its name or through a link: nothing is
 // written then.
 bool outputs_collide()
 {
+    std::error_code ignored;
     const std::vector<const char*> names = outputs();
     for (std::size_t i = 0; i < names.size(); ++i) {
         for (const char* input : {static_cast<const char*>(file_names.deck), control_file_name})
-            if (same_file(names[i], input))
+            if (fs::exists(input, ignored) && same_file(names[i], input))
                 report_fault(names[i], std::string("the run would write over its own input ") + input);
         for (std::size_t j = 0; j < i; ++j)
-            if (same_file(names[i], names[j]) || std::strcmp(names[i], names[j]) == 0)
+            if (same_file(names[i], names[j]))
                 report_fault(names[i], std::string("it is the same file as ") + names[j]);
     }
     return fault_status() != 0;
