@@ -3,12 +3,14 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "driver/control_file.h"
@@ -158,6 +160,15 @@ bool may_write_main_deck()
     return std::string_view(answer).starts_with("yes");  // sic: "yess" will do, "YES" will not
 }
 
+// What tells whether the deck is still the one that was opened: it is read more than once.
+using DeckState = std::pair<std::uintmax_t, fs::file_time_type>;
+
+DeckState deck_state()
+{
+    std::error_code ignored;
+    return {fs::file_size(file_names.deck, ignored), fs::last_write_time(file_names.deck, ignored)};
+}
+
 void write_keyword_copy()
 {
     keyword_writer();
@@ -252,11 +263,14 @@ int convert()
     const bool name_fits = set_file_names(control.sourcefile);
     if (!name_fits) report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
     if (name_fits && outputs_collide()) return fault_status();
+    // asked before the debug log is created, which may be what the deck is called
+    const bool deck_exists = name_fits && fs::exists(file_names.deck, ignored);
     create(outfile, debug_file_name, &debflag);
-    if (!name_fits || !infile_geom.open(file_names.deck, stream_window)) {
+    if (!deck_exists || !infile_geom.open(file_names.deck, stream_window)) {
         std::printf("There is no %s file\n", control.sourcefile.c_str());
         return end_early();
     }
+    const DeckState deck = deck_state();
     std::printf("Opening %s file\n", file_names.deck);
     print(outfile, "Opening %s file\n", file_names.deck);
     if (accelflag == 1) create(accelfile, accel_file_name);
@@ -273,6 +287,7 @@ int convert()
     run_settings = {};
     edflag = 0;
     write_sections();
+    if (deck_state() != deck) report_fault(file_names.deck, "it changed while it was being read");
     finish_files();
     print_summary();
     return fault_status();
