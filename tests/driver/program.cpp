@@ -512,7 +512,9 @@ TEST_F(Sections, EachIsLeftOutWithoutItsFlag)
             const std::string main_deck = contents("model.card");
             EXPECT_FALSE(contains(main_deck, title)) << flag << " " << value;
             for (const auto& [other, other_title] : gates)
-                if (other != flag) EXPECT_TRUE(contains(main_deck, other_title)) << other << " without " << flag;
+                if (other != flag) {
+                    EXPECT_TRUE(contains(main_deck, other_title)) << other << " without " << flag;
+                }
         }
     }
 }

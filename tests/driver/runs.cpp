@@ -1,6 +1,7 @@
 #include "runs.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,6 +16,8 @@ namespace
 {
 constexpr std::string_view switches[] = {"cardflag", "setflag", "geomflag", "icflag",   "lcflag",
                                          "tranflag", "amrflag", "sphflag",  "plotflag", "accelflag"};
+
+constexpr int patience = 120'000;  // milliseconds without a word before a program is taken to hang, and killed
 
 std::string line(std::string_view label, std::string_view value)
 {
@@ -150,6 +153,11 @@ const std::string& Running::read_until(std::string_view text)
 {
     char buffer[4096];
     while (read_ >= 0 && (text.empty() || !contains(output_, text))) {
+        pollfd ready{read_, POLLIN, 0};
+        if (poll(&ready, 1, patience) <= 0) {
+            kill();
+            break;
+        }
         const ssize_t count = read(read_, buffer, sizeof buffer);
         if (count <= 0) break;
         output_.append(buffer, static_cast<std::size_t>(count));

@@ -47,7 +47,8 @@ public:
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
-    // Reads standard output until the text appears in it, or until it ends; all that was read so far.
+    // Reads standard output until the text appears in it, or until it ends; all that was read so far. A program that
+    // says nothing for two minutes is killed.
     const std::string& read_until(std::string_view text);
 
     void type(std::string_view text);  // on standard input
