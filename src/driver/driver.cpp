@@ -16,6 +16,7 @@
 #include "driver/control_file.h"
 #include "driver/faults.h"
 #include "driver/file_names.h"
+#include "driver/progress.h"
 #include "driver/sections.h"
 #include "reader/keyword_copy.h"
 #include "reader/run.h"
@@ -171,7 +172,10 @@ DeckState deck_state()
 
 void write_keyword_copy()
 {
-    keyword_writer();
+    {
+        const Progress progress("keyword copy", infile_geom);
+        keyword_writer();
+    }
     const bool deck_read = infile_geom.failure().empty();
     if (!deck_read) report_fault(file_names.deck, infile_geom.failure());
     infile_geom.close();
@@ -305,6 +309,7 @@ int finish_standard_output(int status)
 
 int morvex(int argc, char* argv[])
 {
+    start_progress_clock();
     fill_standard_streams();
     take_signals_as_errors();
     for (int i = 1; i < argc; ++i) {

@@ -1,9 +1,12 @@
 #include "driver/sections.h"
 
+#include <optional>
+
 #include "bulk/bulk.h"
 #include "controls/controls.h"
 #include "driver/driver.h"
 #include "driver/faults.h"
+#include "driver/progress.h"
 #include "loading/loading.h"
 #include "materials/materials.h"
 #include "reader/deck_lines.h"
@@ -17,6 +20,7 @@ struct Section {
     bool (*wanted)();
     Reads reads;
     void (*write)();
+    const char* progress = nullptr;  // what a long run says that it is writing
 };
 
 bool card()
@@ -51,12 +55,12 @@ constexpr Section sections[] = {
     {[] { return card() && amrflag == 1; }, Reads::nothing, amr_section},
     {card, Reads::nothing, after_amr},
     {[] { return card() && sphflag == 1; }, Reads::copy, sph_control},
-    {[] { return setflag == 1; }, Reads::deck, set_section},
+    {[] { return setflag == 1; }, Reads::deck, set_section, "set file"},
     {[] { return accelflag == 1; }, Reads::copy, accelerometers},
     {[] { return card() && plotflag == 1; }, Reads::nothing, plot_options},
     {card, Reads::nothing, restart_control},
     {card, Reads::nothing, partition},
-    {[] { return geomflag == 1; }, Reads::deck, geometry_section},
+    {[] { return geomflag == 1; }, Reads::deck, geometry_section, "geometry file"},
     {card, Reads::copy, unhandled_report},
     {card, Reads::nothing, included_files},
 };
@@ -91,6 +95,8 @@ void write_sections()
             source = section.reads;
             open_infile(source);
         }
+        std::optional<Progress> progress;
+        if (section.progress != nullptr) progress.emplace(section.progress, infile);
         section.write();
     }
     if (source != Reads::nothing) close_infile(source);

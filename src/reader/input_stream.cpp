@@ -60,6 +60,7 @@ void InputStream::close()
     size_ = 0;
     newline_missing_ = false;
     index_ = nullptr;
+    observer_ = nullptr;
     base_ = 0;
     cursor_ = filled_ = window_.get();
 }
@@ -122,6 +123,7 @@ std::size_t InputStream::read(char* destination, Position position, std::size_t 
             if (file_at_ == position || std::fseek(file_, file_offset(position), SEEK_SET) == 0)
                 got = std::fread(destination, 1, in_file, file_);
             file_at_ = position + got;
+            if (observer_ != nullptr) observer_(got);
             if (got < in_file) {
                 failure_ = errno != 0 ? errno : became_shorter;
                 size_ = file_at_;

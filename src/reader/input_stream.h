@@ -41,6 +41,9 @@ public:
     // The index of the keyword lines of this very file, or null: then keyword lines are searched for.
     void use_index(const KeywordIndex* index) { index_ = index; }
 
+    // Tells the observer how many bytes each read from the file has delivered; until the stream is closed.
+    void watch(void (*observer)(std::size_t bytes)) { observer_ = observer; }
+
     // The next character.
     char next()
     {
@@ -115,5 +118,6 @@ private:
     std::FILE* file_ = nullptr;
     std::string_view text_;
     const KeywordIndex* index_ = nullptr;
+    void (*observer_)(std::size_t bytes) = nullptr;
     int failure_ = 0;  // errno, or became_shorter
 };

@@ -1,0 +1,20 @@
+// The progress line of long runs.
+#pragma once
+
+#include "reader/input_stream.h"
+
+// While it lives, shows on standard error what is being written, per cent of the stream and MB/s, once the run has
+// taken more than a second; wipes the line at its end. Nothing at all is shown unless standard error is a terminal that
+// can go back to the beginning of a line.
+class Progress
+{
+public:
+    // `writing` says what is being written; `stream` is open on the deck.
+    Progress(const char* writing, InputStream& stream);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+};
+
+// Starts the clock of the run.
+void start_progress_clock();
