@@ -6,6 +6,7 @@
 //
 // writes mix.geom, mix.sets and keywords.k into the current folder. The first two are what morvex writes, to the byte,
 // for decks that make_deck wrote; keywords without a handler here are passed over, and there is no debug log.
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -34,22 +35,27 @@ bool keyword_is(std::string_view prefix)
     return std::string_view(cbuffer).starts_with(prefix);
 }
 
+// The scanner takes every character that it passes in upper case.
+int upper()
+{
+    return std::toupper(std::getc(deck));
+}
+
 // Reads on to the next keyword line; the end of the file counts as *END.
 void keyword()
 {
-    int c = std::getc(deck);
+    int c = upper();
     while (c != '*' && c != EOF) {
-        while (c != '\n' && c != EOF) c = std::getc(deck);
-        c = std::getc(deck);
+        while (c != '\n' && c != EOF) c = upper();
+        c = upper();
     }
     if (c == EOF) {
         std::strcpy(cbuffer, "*END");
         return;
     }
     std::size_t length = 0;
-    for (; c != '\n' && c != EOF; c = std::getc(deck))
-        if (length < sizeof cbuffer - 1)
-            cbuffer[length++] = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : static_cast<char>(c);
+    for (; c != '\n' && c != EOF; c = upper())
+        if (length < sizeof cbuffer - 1) cbuffer[length++] = static_cast<char>(c);
     cbuffer[length] = '\0';
 }
 
@@ -109,10 +115,10 @@ double real(int width, bool& open)
 
 void skip_block()
 {
-    int c = std::getc(deck);
+    int c = upper();
     while (c != '*' && c != EOF) {
-        while (c != '\n' && c != EOF) c = std::getc(deck);
-        c = std::getc(deck);
+        while (c != '\n' && c != EOF) c = upper();
+        c = upper();
     }
     std::ungetc(c, deck);
 }
