@@ -40,8 +40,10 @@ std::string field(Random& random, std::size_t width)
     case 5:
     case 6:
     case 7:
-        value = (random.one_in(2) ? "-" : "") + std::to_string(random.below(100)) + '.' +
-                random.text(random.below(width), "0123456789");
+        if (random.one_in(2)) value = "-";
+        value += std::to_string(random.below(100));
+        value += '.';
+        value += random.text(random.below(width), "0123456789");
         if (random.one_in(3)) value += random.one_in(2) ? "e-3" : "E+05";
         break;
     default:
