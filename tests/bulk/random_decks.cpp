@@ -40,7 +40,7 @@ std::string field(Random& random, std::size_t width)
     case 5:
     case 6:
     case 7:
-        if (random.one_in(2)) value = "-";
+        if (random.one_in(2)) value += '-';
         value += std::to_string(random.below(100));
         value += '.';
         value += random.text(random.below(width), "0123456789");
