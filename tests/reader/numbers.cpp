@@ -18,6 +18,7 @@
 #include "support/random.h"
 
 using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 namespace
 {
@@ -53,7 +54,7 @@ testing::AssertionResult writes_as_printf(float value, int width)
 {
     std::array<char, 64> expected{};
     const int length = formatted<digits>(expected.data(), expected.size(), value, width);
-    std::array<char, 64> text{};
+    std::array<char, 32> text{};  // no more room than there must be
     char* const end = write_real<digits>(text.data(), value, width);
     if (end - text.data() == length && std::memcmp(text.data(), expected.data(), static_cast<std::size_t>(length)) == 0)
         return testing::AssertionSuccess();
@@ -222,6 +223,71 @@ TEST(FieldValue, RandomDoublesPrintedWithAllKindsOfPrecisionAreAtofToTheBit)
     }
 }
 
+namespace
+{
+// A number that fills the last columns of sixteen, as pre-processors write it.
+std::string coordinate(Random& random, std::size_t digits, std::size_t decimals, bool negative, bool exponent)
+{
+    std::string number = negative ? "-" : "";
+    number += random.text(digits, "0123456789");
+    number += '.';
+    number += random.text(decimals, "0123456789");
+    if (exponent) {
+        number += random.pick("eE"sv);
+        number += random.pick("+-"sv);
+        number += random.text(2, random.one_in(2) ? "01"sv : "0123456789"sv);
+    }
+    std::string field(number.size() < 16 ? 16 - number.size() : 0, ' ');
+    field += number;
+    field.resize(16);
+    return field;
+}
+}  // namespace
+
+TEST(FieldValue, CoordinatesOfAllShapesAreAtofToTheBit)
+{
+    Random random(21);
+    for (std::size_t digits = 0; digits <= 15; ++digits) {
+        for (std::size_t decimals = 0; decimals <= 15; ++decimals) {
+            for (const bool negative : {false, true}) {
+                for (const bool exponent : {false, true}) {
+                    for (int i = 0; i < 400; ++i)
+                        ASSERT_TRUE(reads_as_atof(coordinate(random, digits, decimals, negative, exponent)));
+                }
+            }
+        }
+    }
+}
+
+TEST(FieldValue, EveryByteAtEveryPlaceOfACoordinateIsAtofToTheBit)
+{
+    Random random(22);
+    for (std::size_t digits = 0; digits <= 9; ++digits) {
+        for (std::size_t decimals = 0; decimals <= 9; ++decimals) {
+            const std::string field = coordinate(random, digits, decimals, random.one_in(2), random.one_in(2));
+            for (std::size_t place = 0; place < field.size(); ++place) {
+                for (int c = 0; c < 256; ++c) {
+                    std::string changed = field;
+                    changed[place] = static_cast<char>(c);
+                    ASSERT_TRUE(reads_as_atof(changed));
+                }
+            }
+        }
+    }
+}
+
+TEST(FieldValue, CoordinatesWithAFewOtherCharactersAreAtofToTheBit)
+{
+    Random random(23);
+    constexpr std::array others = {" .-+eE0159xX\t"sv, "\xca\xcf\xfa\xff\x10\x1d/:;?"sv, "nif"sv};
+    for (int i = 0; i < 600000; ++i) {
+        std::string field = coordinate(random, random.below(9), random.below(10), random.one_in(2), random.one_in(3));
+        for (std::size_t changes = 1 + random.below(3); changes > 0; --changes)
+            field[random.below(field.size())] = random.pick(random.pick(others));
+        ASSERT_TRUE(reads_as_atof(field));
+    }
+}
+
 // ---- whole numbers -------------------------------------------------------------------------------------------------
 
 TEST(ToInt, TruncatesTowardZeroUpToItsLimits)
@@ -270,7 +336,7 @@ TEST(WriteInteger, IsPrintf)
     const auto check = [](std::int64_t value, int width) {
         std::array<char, 64> expected{};
         std::snprintf(expected.data(), expected.size(), "%*lli", width, static_cast<long long>(value));
-        std::array<char, 64> text{};
+        std::array<char, 32> text{};
         char* const end = write_integer(text.data(), value, width);
         ASSERT_EQ(std::string(text.data(), end), expected.data()) << width;
     };
@@ -403,7 +469,7 @@ TEST(WriteReal, RandomValuesOfCommonSizeArePrintf)
     }
 }
 
-// ---- what is printed as it stands ----------------------------------------------------------------------------------
+// ---- eight columns at once ----------------------------------------------------------------------------------
 
 namespace
 {
@@ -416,6 +482,14 @@ bool printed(const std::string& field)
     return value >= 0 && field == text.data();
 }
 }  // namespace
+
+TEST(EightColumns, FirstCharacterIsTheLowestByte)
+{
+    EXPECT_EQ(eight_columns("\x01\x02\x03\x04\x05\x06\x07\xff"), 0xff07060504030201U);
+    std::array<char, 9> text{};
+    put_eight_columns(text.data(), 0x3837363534333231U);
+    EXPECT_STREQ(text.data(), "12345678");
+}
 
 TEST(IsPrintedInteger, DirectedForms)
 {
