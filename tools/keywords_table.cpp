@@ -1,8 +1,9 @@
-// Prints docs/keywords.md from the pass tables. Fails when the action of a row has no line among its pass's
-// conversions.
+// Prints docs/keywords.md from the pass tables; fails when the action of a row has no line among its pass's
+// conversions. With --dictionary it prints the words that the fuzzers of decks know.
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -73,9 +74,8 @@ void print_chapter(const Chapter& chapter)
                     row.only_if != nullptr ? ", and what follows" : "", what_becomes_of(*chapter.pass, row).c_str());
     }
 }
-}  // namespace
 
-int main()
+void print_page()
 {
     std::printf(
         "# Keywords\n"
@@ -90,5 +90,28 @@ int main()
         "Keyword lines are compared in upper case, over their first 49 characters. \"And what follows\" marks rows with a\n"
         "further condition: history keywords whose next character is not `_`, `*MAT_ELASTIC_` with any option but TITLE.\n");
     for (const Chapter& chapter : chapters) print_chapter(chapter);
+}
+
+// Each keyword once, alone and as a line.
+void print_dictionary()
+{
+    std::set<std::string_view> keywords;
+    for (const Chapter& chapter : chapters)
+        for (const PassRow& row : chapter.pass->rows)
+            if (!row.prefix.empty()) keywords.insert(row.prefix);
+    for (const std::string_view keyword : keywords)
+        std::printf("\"%.*s\"\n\"\\x0A%.*s\\x0A\"\n", static_cast<int>(keyword.size()), keyword.data(),
+                    static_cast<int>(keyword.size()), keyword.data());
+    for (const char* const word : {"_ID", "_TITLE", "\\x0A", "\\x0A$", "       1", "         1", "       1.0"})
+        std::printf("\"%s\"\n", word);
+}
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc > 1 && std::string_view(argv[1]) == "--dictionary")
+        print_dictionary();
+    else
+        print_page();
     return 0;
 }
