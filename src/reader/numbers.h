@@ -29,8 +29,8 @@ float product(float a, float b);
 
 // ---- writing -------------------------------------------------------------------------------------------------------
 
-// Each writes at `to` and returns the end of what it wrote. There must be room for `width` or 32 characters, whichever
-// is more.
+// Each writes at `to` and returns the end of what it wrote. There must be room for `width` + 7 or 32 characters,
+// whichever is more: what stands behind the end is written over, eight characters at a time.
 
 // "%<width>li"
 char* write_integer(char* to, std::int64_t value, int width);
