@@ -60,5 +60,7 @@ void reset_run()
         *flag = 0;
     run_settings = {};
     counts = {};
+    particle_sections.reset();
+    blast_segments.reset();
     particle_count_position = 0;
 }
