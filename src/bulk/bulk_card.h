@@ -126,5 +126,5 @@ public:
 private:
     std::size_t begin_;
     std::size_t length_ = 0;
-    char columns_[40];
+    char columns_[40]{};
 };

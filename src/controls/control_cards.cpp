@@ -1,7 +1,6 @@
 // *TITLE and the *CONTROL keywords that fill run_settings. A blank field of a present card stores 0.
 #include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <string_view>
 
 #include "controls/controls.h"
@@ -25,7 +24,8 @@ void titlecard()
     else if (count < most)
         title[count - 1] = '\0';  // sic: a line of 45 characters, 46 with its newline, keeps the newline
 
-    if (std::string_view{title}.starts_with("LS-DYNA")) std::strcpy(title, "Kestrune Input Deck");
+    if (std::string_view{title}.starts_with("LS-DYNA"))
+        std::snprintf(title, sizeof run_settings.title, "%s", "Kestrune Input Deck");
     log_recognized();
     log_unused({});
 }

@@ -44,7 +44,8 @@ constexpr char help[] =
 // what is meant for the terminal would end up in them: so the places are filled first.
 void fill_standard_streams()
 {
-    for (int stream = 0; stream < 3; ++stream) std::fopen("/dev/null", "r+");  // open until the process ends
+    static std::FILE* kept[3];  // open until the process ends
+    for (std::FILE*& stream : kept) stream = std::fopen("/dev/null", "r+");
 }
 
 // A reader of standard output that goes away, or a limit on the size of files, is a failed write, not the end of the

@@ -65,14 +65,11 @@ void to_contact_or_tied_nodes()
     if (contflag == 2) counts.tied_nodes = surfcon2tnodes(counts.tied_nodes);
 }
 
-// A longer keyword is compared over what is kept of a keyword line.
-constexpr std::size_t kept = sizeof cbuffer - 1;
-
 constexpr PassRow contact_rows[] = {
     {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR", skipped},
     {"*CONTACT_AUTOMATIC_GENERAL", to_contact},
     {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", to_contact_or_tied_nodes},
-    {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", kept}, skipped},
+    {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", longest_prefix}, skipped},
     {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", to_contact},
     {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", to_contact},
     {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK", skipped},

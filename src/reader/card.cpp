@@ -118,7 +118,7 @@ std::int64_t Card::integer64(int width)
 
 Word Card::word()
 {
-    Word word;
+    Word word{};
     readstring(word.text, 10, &open_);
     return word;
 }

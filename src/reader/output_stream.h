@@ -52,7 +52,7 @@ public:
     [[nodiscard]] std::string failure() const;
 
 private:
-    static constexpr std::size_t capacity = 128U * 1024U;
+    static constexpr std::size_t capacity = 131072;
 
     void flush();
     void fail();

@@ -38,9 +38,15 @@ void run_pass(const Pass& pass);
 // documents.
 const PassRow* first_match(const Pass& pass, std::string_view line);
 
-// False when a row can never match because an unconditional row above it is a prefix of it.
+// What is kept of a keyword line; no prefix is longer.
+inline constexpr std::size_t longest_prefix = 49;
+
+// False when a row can never match, because an unconditional row above it is a prefix of it or because it is longer
+// than what is kept of a keyword line.
 constexpr bool every_row_reachable(std::span<const PassRow> rows)
 {
+    for (const PassRow& row : rows)
+        if (row.prefix.size() > longest_prefix) return false;
     for (std::size_t later = 0; later < rows.size(); ++later)
         for (std::size_t earlier = 0; earlier < later; ++earlier)
             if (rows[earlier].only_if == nullptr && rows[later].prefix.starts_with(rows[earlier].prefix)) return false;
