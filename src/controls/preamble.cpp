@@ -12,9 +12,11 @@
 
 namespace
 {
-// The day that SOURCE_DATE_EPOCH names, in UTC: a run can then be repeated exactly; false when it holds no number.
+// The day that SOURCE_DATE_EPOCH names, in UTC: a run can then be repeated exactly; false when it holds no number, or a
+// day whose year has more than four digits.
 bool set_date(std::tm& date)
 {
+    constexpr int last_year = 9999 - 1900;  // as std::tm counts
     const char* const variable = std::getenv("SOURCE_DATE_EPOCH");
     if (variable == nullptr) return false;
     const std::string_view digits = variable;
@@ -23,7 +25,7 @@ bool set_date(std::tm& date)
     if (error != std::errc{} || end != digits.data() + digits.size()) return false;
     const auto time = static_cast<std::time_t>(seconds);
     const std::tm* const utc = std::gmtime(&time);
-    if (utc == nullptr) return false;
+    if (utc == nullptr || utc->tm_year > last_year) return false;
     date = *utc;
     return true;
 }

@@ -101,6 +101,17 @@ TEST_F(Header, WhatIsNoNumberGivesToday)
     }
 }
 
+TEST_F(Header, ADayBehindTheYear9999GivesToday)
+{
+    setenv("SOURCE_DATE_EPOCH", "253402300799", 1);  // 31 December 9999, 23:59:59 UTC
+    EXPECT_EQ(date_line(), "!  Version 2.601 : 12/31/9999");
+    // the second after it, and the last second of the last year that std::tm can hold, beyond int when written out
+    for (const char* seconds : {"253402300800", "67768036191676799"}) {
+        setenv("SOURCE_DATE_EPOCH", seconds, 1);
+        expect_today();
+    }
+}
+
 TEST_F(ProblemTitle, StandsBehindItsLabel)
 {
     convert_block(titlecard, "*TITLE\n Bar impact\n*END\n");
