@@ -20,6 +20,7 @@ constexpr char gradient_renormalization[] =
 
 constexpr char multistep[] = "!SPH multistep scheme                 :          0        !--- 0=off, 1=on\n";
 
+// sic: the last line is active, though it stands among those that are only offered
 constexpr char optional_particle_settings[] =
     "!SPH particle contact scale factor    :       0.01        !--- penalty scale factor for SPH particle-to-particle penalty-based contact force\n"
     "!SPH lagrange multiplier max iteration:          7\n"
@@ -31,23 +32,17 @@ constexpr char optional_particle_settings[] =
     "!SPH repartition for memory           :          1\n"
     " Reset lonely particles               :          0        !--- 0=off, 1=on\n";
 
-constexpr char nearest_neighbors[] =
-    "                                                          !--- (current number assumes one processor)\n"
-    " SPH max number of nearest neighbors  :        200\n";
+constexpr char nearest_neighbors[] = " SPH max number of nearest neighbors  :        200\n";
 
 constexpr char box_heading[] =
     "\n"
     " SPH deactivation:                                        !--- vtype:  0=box volume ID (BVID),\n"
     "!---   vid     vtype    option     birth     death        !---         1=sphere volume ID (SVID)\n";
 
-constexpr char box_definition[] =
-    "                                                          !---         1=delete from domain,\n"
-    "                                                          !---         2=convert to simple particles\n"
-    "\n"
-    " Box Definition:\n"
-    "!---  bvid      Xmin      Xmax      Ymin      Ymax      Zmin      Zmax\n"
-    "         1      -100       100      -100       100      -100       100\n"
-    "\n";
+constexpr char box_definition[] = " Box Definition:\n"
+                                  "!---  bvid      Xmin      Xmax      Ymin      Ymax      Zmin      Zmax\n"
+                                  "         1      -100       100      -100       100      -100       100\n"
+                                  "\n";
 
 constexpr char sphere_definition[] = "!Sphere Definition:\n"
                                      "!---  svid         x         y         z    radius\n"
@@ -95,7 +90,8 @@ void particle_count()
 {
     print(inpfile,
           " Initial number of SPH per processor  : %10i"
-          "        !--- initial guess of number of particle in each processor\n",
+          "        !--- initial guess of number of particle in each processor\n"
+          "                                                          !--- (current number assumes one processor)\n",
           counts.particles);
     text(inpfile, nearest_neighbors);
 }
@@ -105,7 +101,10 @@ void box_deactivation(double birth, double death)
     text(inpfile, box_heading);
     print(inpfile,
           "%10i%10i%10i%10.3e%10.3e"
-          "        !--- option: 0=no deactivation,\n",
+          "        !--- option: 0=no deactivation,\n"
+          "                                                          !---         1=delete from domain,\n"
+          "                                                          !---         2=convert to simple particles\n"
+          "\n",
           1, 0, 2, birth, death);
     text(inpfile, box_definition);
 }
