@@ -46,12 +46,17 @@ constexpr Conversion sph_conversions[] = {
     {csph, "csph", "values of the deactivation lines"},
 };
 
+// clang-format off
 constexpr PassRow sph_part_rows[] = {
-    {"*PART_ADAPTIVE", passed_over}, {"*PART_COMPOSITE", passed_over}, {"*PART_MODES", passed_over},
-    {"*PART_SENSOR", passed_over},   {"*PART_MOVE", passed_over},      {"*PART", partsph},  // every other option
-
+    {"*PART_ADAPTIVE", passed_over},
+    {"*PART_COMPOSITE", passed_over},
+    {"*PART_MODES", passed_over},
+    {"*PART_SENSOR", passed_over},
+    {"*PART_MOVE", passed_over},
+    {"*PART", partsph},  // every other option
     {"*END", end_of_pass},
 };
+// clang-format on
 static_assert(every_row_reachable(sph_part_rows));
 
 constexpr Conversion sph_part_conversions[] = {
