@@ -174,6 +174,13 @@ TEST_F(Plot, WithoutACurveTheModeIsZeroWhateverTheBlockBeforeSaid)
     EXPECT_EQ(run_settings.plot_dt, 0.5f);
 }
 
+TEST_F(Plot, TheSecondCardIsReadAlsoWhenTheFirstHasMoreColumns)
+{
+    convert_block(database_plot,
+                  "*DATABASE_BINARY_D3PLOT\n" + card({"", "7", "", "", "", "2"}) + card({"3"}) + "*END\n");
+    EXPECT_EQ(run_settings.plot_mode, 2);
+}
+
 TEST_F(Plot, AMissingSecondCardLeavesTheNextKeyword)
 {
     const Written written =
