@@ -51,8 +51,7 @@ struct FileNames {
 };
 inline constinit FileNames file_names{};
 
-// ---- control flags (see docs/guide.md for what each does)
-// ------------------------------------------------------------
+// ---- control flags (see docs/guide.md for what each does) ----------------------------------------------------------
 
 inline constinit int cardflag = 0;
 inline constinit int setflag = 0;
@@ -70,8 +69,7 @@ inline constinit int accelflag = 0;
 inline constinit int debflag = 0;  // always 1: the debug log is always written
 inline constinit int edflag = 0;   // 1: some material asks for element deletion; nothing reads it
 
-// ---- what the control pass collects
-// ----------------------------------------------------------------------------------
+// ---- what the control pass collects --------------------------------------------------------------------------------
 
 // Values of the *TITLE, *CONTROL and *DATABASE keywords. A default holds only when its keyword is absent: a blank field
 // of a present card stores 0 over it.
@@ -102,8 +100,7 @@ struct RunSettings {
 };
 inline constinit RunSettings run_settings{};
 
-// ---- running counts
-// --------------------------------------------------------------------------------------------------
+// ---- running counts ------------------------------------------------------------------------------------------------
 
 struct Counts {
     int contacts = 0;    // contact keywords converted
@@ -129,8 +126,7 @@ struct BlastSegments {
 };
 inline constinit std::optional<BlastSegments> blast_segments;
 
-// ---- the end of the run
-// ----------------------------------------------------------------------------------------------
+// ---- the end of the run --------------------------------------------------------------------------------------------
 
 // Where the main deck's particle count stands, which is known only at the end of the run.
 inline constinit std::uint64_t particle_count_position = 0;
