@@ -125,8 +125,7 @@ void log_attributes(const Attributes& a)
     log_unused({{"da1", a.da1}, {"da2", a.da2}, {"da3", a.da3}, {"da4", a.da4}});
 }
 
-// ---- members
-// ---------------------------------------------------------------------------------------------------------
+// ---- members -------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t members_per_row = 8;
 
@@ -183,8 +182,7 @@ void convert_member_cards()
     if (count % members_per_row != 0) text(setfile, "\n");
 }
 
-// ---- segments
-// --------------------------------------------------------------------------------------------------------
+// ---- segments ------------------------------------------------------------------------------------------------------
 
 // The segment attributes, which are dropped; the log shows those of a set's last card.
 using SegmentAttributes = std::array<float, 4>;

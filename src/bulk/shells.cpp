@@ -26,8 +26,7 @@ using LaterNodes = std::array<Integer, 4>;
 constexpr std::size_t first_later_column = 48;
 constexpr std::array later_names = {"n5", "n6", "n7", "n8"};
 
-// ---- plain shells
-// ----------------------------------------------------------------------------------------------------
+// ---- plain shells --------------------------------------------------------------------------------------------------
 
 LaterNodes<std::int64_t> convert_card(Card& card)
 {
@@ -52,8 +51,7 @@ void convert_line(std::string_view line)
     row.text("\n        0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00").end();
 }
 
-// ---- shells with thickness
-// -------------------------------------------------------------------------------------------
+// ---- shells with thickness -----------------------------------------------------------------------------------------
 
 LaterNodes<int> convert_first_card(Card& card)
 {

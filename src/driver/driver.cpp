@@ -186,8 +186,7 @@ void write_keyword_copy()
     accelflag = 0;
 }
 
-// ---- the end of the run
-// ----------------------------------------------------------------------------------------------
+// ---- the end of the run --------------------------------------------------------------------------------------------
 
 // Writes the particle count, which the geometry passes found, over the line that the SPH section left for it.
 void rewrite_particle_count()
