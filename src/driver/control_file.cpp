@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "reader/output_stream.h"
 
@@ -69,8 +70,10 @@ std::string without_blanks(std::string_view text)
 
 // As the "%i" conversion of the C library reads it, which keeps the low 32 bits of a number that is too large; the old
 // value when there is no number.
-int read_flag(const std::string& value, int old)
+int read_flag(std::string value, int old)
 {
+    // Newer C libraries read "0b1" as binary. A "b" is a digit behind "0x" alone; anywhere else the number ends at it.
+    if (const std::size_t b = value.find_first_of("bB"); b < value.find_first_of("xX")) value.resize(b);
     char* end = nullptr;
     const long long number = std::strtoll(value.c_str(), &end, 0);
     return end == value.c_str() ? old : static_cast<int>(static_cast<std::uint32_t>(number));
@@ -84,7 +87,7 @@ void read_setting(std::string_view line, ControlFile& control)
     std::transform(label.begin(), label.end(), label.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
     std::string_view rest = line.substr(colon + 1);
-    const std::string value(rest.substr(0, rest.find_first_of("\n!")));
+    std::string value(rest.substr(0, rest.find_first_of("\n!")));
 
     if (label.starts_with("SOURCEFILE")) {
         control.sourcefile = without_blanks(value);
@@ -93,7 +96,7 @@ void read_setting(std::string_view line, ControlFile& control)
     const auto* flag = std::find_if(std::begin(flags), std::end(flags), [&](const Flag& f) { return names(label, f); });
     if (flag == std::end(flags)) return;
     int& slot = control.in[static_cast<std::size_t>(flag - flags)];
-    slot = read_flag(value, slot);
+    slot = read_flag(std::move(value), slot);
 }
 }  // namespace
 

@@ -214,6 +214,17 @@ TEST(ControlFile, NumbersAreOctalAndHexadecimalToo)
     EXPECT_EQ(flag("setflag:-1\n", set), -1);
 }
 
+TEST(ControlFile, NumbersAreNotBinaryWhateverTheCLibraryReads)
+{
+    EXPECT_EQ(flag("setflag:0b11\n", set), 0);
+    EXPECT_EQ(flag("setflag:-0B1\n", set), 0);
+    EXPECT_EQ(flag("setflag:1b\n", set), 1);
+    EXPECT_EQ(flag("setflag:7\nsetflag:b1\n", set), 7) << "no number";
+    EXPECT_EQ(flag("setflag:0b1x\n", set), 0);
+    EXPECT_EQ(flag("setflag:0x0b1\n", set), 0xb1) << "a hexadecimal digit";
+    EXPECT_EQ(flag("setflag:0XBx\n", set), 11);
+}
+
 TEST(ControlFile, TextBehindANumberIsIgnored)
 {
     EXPECT_EQ(flag("setflag: 1 yes\n", set), 1);
