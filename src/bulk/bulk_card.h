@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "reader/card.h"
 #include "reader/numbers.h"
 #include "reader/output_stream.h"
 
@@ -128,3 +129,17 @@ private:
     std::size_t length_ = 0;
     char columns_[40]{};
 };
+
+// Converts the cards of a block and adds them to the count: each by its line where that can be taken whole, else field
+// by field.
+template <auto convert_line, auto convert_card>
+void convert_cards(int& count)
+{
+    for (Card card; card.next(); ++count) {
+        std::string_view line;
+        if (card.take_line(line))
+            convert_line(line);
+        else
+            convert_card(card);
+    }
+}

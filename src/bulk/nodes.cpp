@@ -41,13 +41,7 @@ void convert_line(std::string_view line)
 void node()
 {
     if (counts.nodes == 0) write_heading();
-    for (Card card; card.next(); ++counts.nodes) {
-        std::string_view line;
-        if (card.take_line(line))
-            convert_line(line);
-        else
-            convert_card(card);
-    }
+    convert_cards<convert_line, convert_card>(counts.nodes);
     log_recognized();
     log_unused({});
 }

@@ -35,13 +35,7 @@ void convert_line(std::string_view line)
 void esph()
 {
     if (counts.particles == 0) write_heading();
-    for (Card card; card.next(); ++counts.particles) {
-        std::string_view line;
-        if (card.take_line(line))
-            convert_line(line);
-        else
-            convert_card(card);
-    }
+    convert_cards<convert_line, convert_card>(counts.particles);
     log_recognized();
     log_unused({});
 }

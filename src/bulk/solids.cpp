@@ -37,13 +37,7 @@ void convert_line(std::string_view line)
 void esolid()
 {
     if (counts.solids == 0) write_heading();
-    for (Card card; card.next(); ++counts.solids) {
-        std::string_view line;
-        if (card.take_line(line))
-            convert_line(line);
-        else
-            convert_card(card);
-    }
+    convert_cards<convert_line, convert_card>(counts.solids);
     log_recognized();
     log_unused({});
 }
