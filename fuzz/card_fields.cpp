@@ -138,7 +138,7 @@ public:
             break;
         case 7:
             card_.another();
-            plain_.skip_line();
+            if (begun_) plain_.skip_line();
             plain_.comments();
             begin_card();
             break;
@@ -173,6 +173,9 @@ public:
         case 15:
             infile.to_keyword();
             plain_.to_keyword();
+            break;
+        case 16:
+            take_line();
             break;
         default:
             open_ = 1;
@@ -223,14 +226,29 @@ private:
 
     void look_at_line()
     {
-        const std::size_t length = plain_.length(window_);
         std::string_view line;
-        if (!infile.whole_line(line)) {
-            expect(length + 1 >= window_, "whole_line: a line that fits");
-            return;
+        check_line(infile.whole_line(line), line);
+    }
+
+    void take_line()
+    {
+        std::string_view line;
+        if (!check_line(card_.take_line(line), line)) return;
+        plain_.skip_line();
+        begun_ = false;
+    }
+
+    // A line may be refused only when it does not fit into the window.
+    bool check_line(bool whole, std::string_view line)
+    {
+        const std::size_t length = plain_.length(window_);
+        if (!whole) {
+            expect(length + 1 >= window_, "a line that fits");
+            return false;
         }
-        expect(line.size() == length, "whole_line: length");
-        for (std::size_t i = 0; i < length; ++i) expect(line[i] == plain_.at(plain_.position + i), "whole_line");
+        expect(line.size() == length, "a whole line: its length");
+        for (std::size_t i = 0; i < length; ++i) expect(line[i] == plain_.at(plain_.position + i), "a whole line");
+        return true;
     }
 
     std::string_view deck_;
@@ -256,6 +274,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string deck = input.ConsumeRemainingBytesAsString();
     Readings readings(deck, window, indexed);
     for (std::size_t i = 0; i < steps; ++i)
-        readings.step(static_cast<unsigned char>(does[2 * i]) % 17U, static_cast<unsigned char>(does[2 * i + 1]));
+        readings.step(static_cast<unsigned char>(does[2 * i]) % 18U, static_cast<unsigned char>(does[2 * i + 1]));
     return 0;
 }
