@@ -128,6 +128,7 @@ void log_attributes(const Attributes& a)
 // ---- members -------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t members_per_row = 8;
+constexpr std::size_t widest_member_card = 80;
 
 void write_member(int id, std::size_t& count)
 {
@@ -168,7 +169,7 @@ void convert_member_cards()
     char c = skip_comments();
     while (c != '*') {
         std::string_view line;
-        if (fast_cards && infile.whole_line(line) && line.size() <= 80) {
+        if (fast_cards && infile.whole_line(line, widest_member_card)) {
             convert_members(line, count);
             infile.advance(line.size());
         } else {

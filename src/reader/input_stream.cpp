@@ -159,20 +159,21 @@ std::string_view InputStream::ahead(std::size_t n)
     return {cursor_, newline != nullptr ? static_cast<std::size_t>(newline - cursor_) : n};
 }
 
-bool InputStream::whole_line(std::string_view& line)
+bool InputStream::whole_line(std::string_view& line, std::size_t longest)
 {
     std::size_t searched = 0;
     for (;;) {
         const auto unread = static_cast<std::size_t>(filled_ - cursor_);
-        if (unread > searched) {
-            const auto* newline = static_cast<const char*>(std::memchr(cursor_ + searched, '\n', unread - searched));
+        const std::size_t seen = std::min(unread, longest + 1);
+        if (seen > searched) {
+            const auto* newline = static_cast<const char*>(std::memchr(cursor_ + searched, '\n', seen - searched));
             if (newline != nullptr) {
                 line = {cursor_, static_cast<std::size_t>(newline - cursor_)};
                 return true;
             }
-            searched = unread;
+            searched = seen;
         }
-        if (unread + 1 >= capacity_ && window_ != nullptr) return false;
+        if (searched > longest || (unread + 1 >= capacity_ && window_ != nullptr)) return false;
         fill(unread + 1);
     }
 }

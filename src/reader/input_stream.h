@@ -81,9 +81,9 @@ public:
     // view lasts until the stream is used again. n must be smaller than the window.
     std::string_view ahead(std::size_t n);
 
-    // The whole rest of the line without its newline; false when the line does not fit into the window. Nothing is
-    // consumed. The view lasts until the stream is used again.
-    bool whole_line(std::string_view& line);
+    // The whole rest of the line without its newline; false when the line is longer than `longest` or does not fit into
+    // the window. Nothing is consumed. The view lasts until the stream is used again.
+    bool whole_line(std::string_view& line, std::size_t longest = std::string_view::npos - 1);
 
     // Consumes n characters, which must be known to be in the window (seen through ahead or whole_line).
     void advance(std::size_t n) { cursor_ += n; }
