@@ -283,7 +283,7 @@ struct Product {
     std::uint64_t low;
 };
 
-Product multiply(std::uint64_t a, std::uint64_t b)
+constexpr Product multiply(std::uint64_t a, std::uint64_t b)
 {
 #ifdef __SIZEOF_INT128__
     __extension__ using Wide = unsigned __int128;
@@ -298,32 +298,103 @@ Product multiply(std::uint64_t a, std::uint64_t b)
 #endif
 }
 
-// The value mantissa x 2^exponent with `digits` decimals in scientific form: its digits as one integer and its decimal
-// exponent. False when that takes more than one exact 64 x 64 bit product.
-template <int digits>
-bool scientific(std::uint64_t mantissa, int exponent, std::uint64_t& integer, int& decimal)
+constexpr std::uint64_t smallest_mantissa = 1U << 23;
+constexpr std::uint64_t beyond_mantissas = 1U << 24;
+
+// How single-precision values of one binary exponent become their decimal digits by one exact product. The values reach
+// into two powers of ten at most: those from `next_power` on, a mantissa, lie in the upper one.
+struct Scale {
+    std::uint64_t factor[2];  // the upper half of (mantissa << up) x factor is the digits
+    std::uint32_t next_power;
+    std::int8_t up[2];
+    std::int8_t decimal;  // decimal exponent of the lower values
+    bool exact;           // the table serves this binary exponent
+};
+
+// One of the two ways of a scale; false when it takes more than one exact 64 x 64 bit product.
+constexpr bool set_way(Scale& scale, int way, int digits, int exponent, int decimal)
 {
     // Fewer digits leave less than the mantissa's own bits: the factor then fills fewer of its own.
-    constexpr int spare = digits < 8 ? 20 : 0;
-    constexpr std::uint64_t limit = ten_to_the(digits + 1);
-    decimal = ((exponent + 23) * 78913) >> 18;  // of the smallest mantissa, 2^23: floor(log10(2^(exponent + 23)))
-    for (;; ++decimal) {
-        const int power = digits - decimal;
-        if (power < 0 || power > largest_five) return false;
-        const auto [factor, shift] = fives[static_cast<std::size_t>(power)];
-        if (shift < spare) return false;
-        const int up = exponent + power + 64 - (shift - spare);
-        if (up < 0 || up > 40) return false;
-        const auto [high, low] = multiply(mantissa << up, factor >> spare);
-        if (high >= limit) continue;  // the mantissa is beyond the next power of ten
-        constexpr std::uint64_t tie = std::uint64_t{1} << 63;
-        integer = high + (low > tie || (low == tie && (high & 1) != 0) ? 1 : 0);
-        if (integer == limit) {
-            integer /= 10;
-            ++decimal;
-        }
-        return true;
+    const int spare = digits < 8 ? 20 : 0;
+    const int power = digits - decimal;
+    if (power < 0 || power > largest_five) return false;
+    const FiveToThe five = fives[static_cast<std::size_t>(power)];
+    const int up = exponent + power + 64 - (five.shift - spare);
+    if (five.shift < spare || up < 0 || up > 40) return false;
+    scale.factor[way] = five.factor >> spare;
+    scale.up[way] = static_cast<std::int8_t>(up);
+    return true;
+}
+
+constexpr Scale scale_for(int digits, int biased_exponent)
+{
+    Scale scale{};
+    const int exponent = biased_exponent - 150;           // the value is mantissa x 2^exponent
+    const int decimal = ((exponent + 23) * 78913) >> 18;  // floor(log10(2^(exponent + 23)))
+    if (!set_way(scale, 0, digits, exponent, decimal) || !set_way(scale, 1, digits, exponent, decimal + 1))
+        return scale;
+    scale.decimal = static_cast<std::int8_t>(decimal);
+    scale.exact = true;
+    std::uint64_t below = smallest_mantissa - 1;
+    std::uint64_t next = beyond_mantissas;
+    while (next - below > 1) {
+        const std::uint64_t middle = (below + next) / 2;
+        (multiply(middle << scale.up[0], scale.factor[0]).high < ten_to_the(digits + 1) ? below : next) = middle;
     }
+    scale.next_power = static_cast<std::uint32_t>(next);
+    return scale;
+}
+
+// The scales of all normal numbers, by biased exponent.
+template <int digits>
+constexpr auto scales = [] {
+    std::array<Scale, 256> table{};
+    for (int biased = 1; biased < 255; ++biased) table[static_cast<std::size_t>(biased)] = scale_for(digits, biased);
+    return table;
+}();
+
+// The digits of a mantissa as one integer, rounded half to even, and the decimal exponent.
+template <int digits>
+void scientific(const Scale& scale, std::uint64_t mantissa, std::uint64_t& integer, int& decimal)
+{
+    const std::size_t way = mantissa >= scale.next_power ? 1 : 0;
+    const auto [high, low] = multiply(mantissa << scale.up[way], scale.factor[way]);
+    constexpr std::uint64_t tie = std::uint64_t{1} << 63;
+    integer = high + (low > tie - (high & 1) ? 1 : 0);
+    decimal = scale.decimal + static_cast<int>(way);
+    if (integer == ten_to_the(digits + 1)) {
+        integer /= 10;
+        ++decimal;
+    }
+}
+
+// "e-40" to "e+40", four characters each.
+constexpr int largest_exponent = 40;
+constexpr auto exponents = [] {
+    std::array<char, 4 * (2 * largest_exponent + 1)> table{};
+    for (int exponent = -largest_exponent; exponent <= largest_exponent; ++exponent) {
+        const auto at = static_cast<std::size_t>(4 * (exponent + largest_exponent));
+        const int digits = exponent < 0 ? -exponent : exponent;
+        table[at] = 'e';
+        table[at + 1] = exponent < 0 ? '-' : '+';
+        table[at + 2] = static_cast<char>('0' + digits / 10);
+        table[at + 3] = static_cast<char>('0' + digits % 10);
+    }
+    return table;
+}();
+
+// Every form that the quick way leaves: infinities, no numbers, subnormals, magnitudes beyond the scales.
+char* write_any_real(char* to, float value, int digits, int width)
+{
+    const bool negative = std::signbit(value);
+    if (!std::isfinite(value)) {
+        const char* name = std::isinf(value) ? "-inf" : "-nan";
+        return put_padded(to, name + (negative ? 0 : 1), negative ? 4 : 3, width);
+    }
+    char text[widest_number];
+    const auto end =
+        std::to_chars(text, text + sizeof text, static_cast<double>(value), std::chars_format::scientific, digits);
+    return put_padded(to, text, static_cast<std::size_t>(end.ptr - text), width);
 }
 }  // namespace
 
@@ -345,27 +416,24 @@ char* write_integer(char* to, std::int64_t value, int width)
 template <int digits>
 char* write_real(char* to, float value, int width)
 {
-    constexpr std::size_t length = digits + 6;  // d.ddde-dd without its sign
+    constexpr int length = digits + 6;  // d.ddde-dd without its sign
     const auto bits = std::bit_cast<std::uint32_t>(value);
-    const bool negative = (bits >> 31) != 0;
-    const auto biased = static_cast<int>((bits >> 23) & 0xff);
     const std::uint64_t fraction = bits & 0x7fffff;
+    const Scale& scale = scales<digits>[(bits >> 23) & 0xff];
     std::uint64_t integer = 0;
     int decimal = 0;
-    const bool zero = biased == 0 && fraction == 0;
-    const bool normal = biased > 0 && biased < 255;
-    if (!zero && !(normal && scientific<digits>(fraction | 0x800000, biased - 150, integer, decimal))) {
-        if (biased == 255) {
-            const char* name = fraction == 0 ? "-inf" : "-nan";
-            return put_padded(to, name + (negative ? 0 : 1), negative ? 4 : 3, width);
-        }
-        char text[widest_number];
-        const auto end =
-            std::to_chars(text, text + sizeof text, static_cast<double>(value), std::chars_format::scientific, digits);
-        return put_padded(to, text, static_cast<std::size_t>(end.ptr - text), width);
+    if (scale.exact)
+        scientific<digits>(scale, fraction | smallest_mantissa, integer, decimal);
+    else if (value != 0.0f)
+        return write_any_real(to, value, digits, width);
+
+    const bool negative = (bits >> 31) != 0;
+    if (width > length) {
+        to = put_blanks(to, width - length - 1);
+        *to++ = negative ? '-' : ' ';
+    } else if (negative) {
+        *to++ = '-';
     }
-    to = put_blanks(to, width - static_cast<int>(length) - (negative ? 1 : 0));
-    if (negative) *to++ = '-';
     // d.ddd: the last eight decimals stand behind the others, where there are so many
     if constexpr (digits == 13) {
         const std::uint64_t first = eight_characters(integer / 100000000);  // two zeros and six digits
@@ -381,10 +449,8 @@ char* write_real(char* to, float value, int width)
         put_eight_columns(to, (all >> 32 & 0xff) | '.' << 8 | all >> 40 << 16);
     }
     to += digits + 2;
-    *to++ = 'e';
-    *to++ = decimal < 0 ? '-' : '+';
-    put_two(to, static_cast<std::uint64_t>(decimal < 0 ? -decimal : decimal));
-    return to + 2;
+    std::memcpy(to, exponents.data() + 4 * (decimal + largest_exponent), 4);
+    return to + 4;
 }
 
 template char* write_real<3>(char* to, float value, int width);
