@@ -371,14 +371,13 @@ void scientific(const Scale& scale, std::uint64_t mantissa, std::uint64_t& integ
 // "e-40" to "e+40", four characters each.
 constexpr int largest_exponent = 40;
 constexpr auto exponents = [] {
-    std::array<char, 4 * (2 * largest_exponent + 1)> table{};
-    for (int exponent = -largest_exponent; exponent <= largest_exponent; ++exponent) {
-        const auto at = static_cast<std::size_t>(4 * (exponent + largest_exponent));
+    std::array<std::array<char, 4>, 2 * largest_exponent + 1> table{};
+    int exponent = -largest_exponent;
+    for (auto& text : table) {
         const int digits = exponent < 0 ? -exponent : exponent;
-        table[at] = 'e';
-        table[at + 1] = exponent < 0 ? '-' : '+';
-        table[at + 2] = static_cast<char>('0' + digits / 10);
-        table[at + 3] = static_cast<char>('0' + digits % 10);
+        text = {'e', exponent < 0 ? '-' : '+', static_cast<char>('0' + digits / 10),
+                static_cast<char>('0' + digits % 10)};
+        ++exponent;
     }
     return table;
 }();
@@ -449,7 +448,8 @@ char* write_real(char* to, float value, int width)
         put_eight_columns(to, (all >> 32 & 0xff) | '.' << 8 | all >> 40 << 16);
     }
     to += digits + 2;
-    std::memcpy(to, exponents.data() + 4 * (decimal + largest_exponent), 4);
+    const int row = decimal + largest_exponent;
+    std::memcpy(to, exponents[static_cast<std::size_t>(row)].data(), 4);
     return to + 4;
 }
 
