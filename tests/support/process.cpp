@@ -28,7 +28,8 @@ Outcome run_command(const std::string& command, const std::string& input)
 
 std::string program()
 {
-    return MORVEX_PROGRAM;
+    const char* const window = std::getenv("MORVEX_TEST_WINDOW");
+    return window == nullptr ? MORVEX_PROGRAM : std::string(MORVEX_VARIANT) + " " + window + " 1";
 }
 std::string tiny_window_program()
 {

@@ -9,6 +9,16 @@
 
 namespace fs = std::filesystem;
 
+namespace
+{
+// With MORVEX_TEST_WINDOW in the environment, all tests read through a window of that many bytes: no byte may change.
+[[maybe_unused]] const bool window_is_set = [] {
+    const char* const window = std::getenv("MORVEX_TEST_WINDOW");
+    if (window != nullptr) stream_window = std::strtoull(window, nullptr, 10);
+    return window != nullptr;
+}();
+}  // namespace
+
 TemporaryName::TemporaryName()
 {
     std::string name = (fs::temp_directory_path() / "morvex-test-XXXXXX").string();
