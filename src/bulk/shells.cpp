@@ -92,12 +92,30 @@ void convert_second_line(std::string_view line)
     for (int i = 0; i < 5; ++i) row.blank().real<3>(fields.real(16), 10);
     row.end();
 }
-}  // namespace
 
-void eshell()
+// The thicknesses and the angle, on a card of their own.
+void convert_thickness(Card& card)
 {
-    if (counts.shells == 0) write_heading();
-    LaterNodes<std::int64_t> later{};
+    card.another();
+    std::string_view line;
+    if (card.take_line(line))
+        convert_second_line(line);
+    else
+        convert_second_card(card);
+}
+
+// ---- both
+// ------------------------------------------------------------------------------------------------------------
+
+void no_further_card(Card&)
+{
+}
+
+// Converts the elements of a block and returns the later nodes of the last one.
+template <class Integer, auto convert_line, auto convert_card, auto convert_further_card>
+LaterNodes<Integer> convert_shells()
+{
+    LaterNodes<Integer> later{};
     LastColumns last(first_later_column);
     bool whole = false;
     for (Card card; card.next(); ++counts.shells) {
@@ -109,9 +127,23 @@ void eshell()
         } else {
             later = convert_card(card);
         }
+        convert_further_card(card);
     }
-    if (LineFields fields = last.fields(); whole)
-        for (std::int64_t& n : later) n = fields.integer64(8);
+    LineFields fields = last.fields();
+    for (std::size_t i = 0; whole && i < later.size(); ++i) {
+        if constexpr (sizeof(Integer) == 8)
+            later[i] = fields.integer64(8);
+        else
+            later[i] = fields.integer(8);
+    }
+    return later;
+}
+}  // namespace
+
+void eshell()
+{
+    if (counts.shells == 0) write_heading();
+    const auto later = convert_shells<std::int64_t, convert_line, convert_card, no_further_card>();
     log_recognized();
     log_unused_heading();
     for (std::size_t i = 0; i < later.size(); ++i)
@@ -121,26 +153,7 @@ void eshell()
 void eshellt()
 {
     if (counts.shells == 0) write_heading();
-    LaterNodes<int> later{};
-    LastColumns last(first_later_column);
-    bool whole = false;
-    for (Card card; card.next(); ++counts.shells) {
-        std::string_view line;
-        whole = card.take_line(line);
-        if (whole) {
-            convert_first_line(line);
-            last.keep(line);
-        } else {
-            later = convert_first_card(card);
-        }
-        card.another();
-        if (card.take_line(line))
-            convert_second_line(line);
-        else
-            convert_second_card(card);
-    }
-    if (LineFields fields = last.fields(); whole)
-        for (int& n : later) n = fields.integer(8);
+    const auto later = convert_shells<int, convert_first_line, convert_first_card, convert_thickness>();
     log_recognized();
     log_unused_heading();
     for (std::size_t i = 0; i < later.size(); ++i)
