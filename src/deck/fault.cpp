@@ -1,0 +1,31 @@
+#include "deck/fault.h"
+
+#include <utility>
+
+namespace deck
+{
+
+std::string to_string(const Problem& problem)
+{
+    std::string text;
+    if (!problem.place.file.empty()) {
+        text += problem.place.file + ":";
+        if (problem.place.line != 0) text += std::to_string(problem.place.line) + ":";
+        if (problem.place.column != 0) text += std::to_string(problem.place.column) + ":";
+        text += " ";
+    }
+    text += problem.message;
+    if (!problem.code.empty()) text += " [" + problem.code + "]";
+    return text;
+}
+
+Fault::Fault(Problem problem) : std::runtime_error(to_string(problem)), problem_(std::move(problem))
+{
+}
+
+Fault::Fault(const std::string& message) : std::runtime_error(message)
+{
+    problem_.message = message;
+}
+
+}  // namespace deck
