@@ -1,5 +1,4 @@
-// Prints docs/keywords.md from the pass tables; fails when the action of a row has no line among its pass's
-// conversions. With --dictionary it prints the words that the fuzzers of decks know.
+// Prints docs/keywords.md from the pass tables. With --dictionary it prints the words that the fuzzers of decks know.
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -52,16 +51,19 @@ std::string quoted(std::string_view code)
     return std::string("`").append(code).append("`");
 }
 
-std::string what_becomes_of(const Pass& pass, const PassRow& row)
+std::string what_becomes_of(const PassRow& row)
 {
-    if (row.action == skipped) return "skipped";
-    if (row.action == passed_over) return "passed over";
-    if (row.action == end_of_pass) return "ends the pass";
-    for (const Conversion& conversion : pass.conversions)
-        if (conversion.action == row.action) return quoted(conversion.procedure).append(": ").append(conversion.writes);
-    std::fprintf(stderr, "%s: the action of the row \"%s\" has no conversion\n", std::string(pass.name).c_str(),
-                 std::string(row.prefix).c_str());
-    std::exit(1);
+    switch (row.action.outcome) {
+    case Outcome::skipped:
+        return "skipped";
+    case Outcome::passed_over:
+        return "passed over";
+    case Outcome::end_of_pass:
+        return "ends the pass";
+    case Outcome::converted:
+        break;
+    }
+    return quoted(row.action.procedure).append(": ").append(row.writes);
 }
 
 void print_chapter(const Chapter& chapter)
@@ -70,8 +72,9 @@ void print_chapter(const Chapter& chapter)
                 chapter.heading, chapter.remark);
     for (const PassRow& row : chapter.pass->rows) {
         const std::string prefix = row.prefix.empty() ? "anything else" : quoted(row.prefix);
-        std::printf("| %s | %zu%s | %s |\n", prefix.c_str(), row.prefix.size(),
-                    row.only_if != nullptr ? ", and what follows" : "", what_becomes_of(*chapter.pass, row).c_str());
+        const std::string condition = row.only_if.words.empty() ? "" : std::string(", ").append(row.only_if.words);
+        std::printf("| %s | %zu%s | %s |\n", prefix.c_str(), row.prefix.size(), condition.c_str(),
+                    what_becomes_of(row).c_str());
     }
 }
 
@@ -87,8 +90,8 @@ void print_page()
         "says. A keyword that no row matches is passed over without a word in that pass. *Converted* keywords show the\n"
         "procedure that reads them and the lines that it writes; *skipped* ones get a line in the debug log; those that\n"
         "are *passed over* leave no trace in this pass (another one takes them, or the solver has no use for them).\n"
-        "Keyword lines are compared in upper case, over their first 49 characters. \"And what follows\" marks rows with a\n"
-        "further condition: history keywords whose next character is not `_`, `*MAT_ELASTIC_` with any option but TITLE.\n");
+        "Keyword lines are compared in upper case, over their first 49 characters. Some rows have a further condition, which\n"
+        "stands behind the number.\n");
     for (const Chapter& chapter : chapters) print_chapter(chapter);
 }
 

@@ -15,55 +15,31 @@
 
 namespace
 {
-void node_set()
-{
-    setcard(SetType::node);
-    ++counts.node_sets;
-}
-void solid_set()
-{
-    setcard(SetType::solid);
-}
-void shell_set()
-{
-    setcard(SetType::shell);
-}
-void part_set()
-{
-    setcard(SetType::part);
-}
-
 constexpr PassRow set_rows[] = {
     {"*SET_NODE_ADD", skipped},
     {"*SET_NODE_COLUMN", skipped},
     {"*SET_NODE_GENERAL", skipped},
     {"*SET_NODE_LIST_GENERATE", skipped},
-    {"*SET_NODE", node_set},  // and *SET_NODE_LIST
+    {"*SET_NODE", handler<setcard, SetType::node>, "Node set definition"},  // and *SET_NODE_LIST
     {"*SET_PART_ADD", skipped},
     {"*SET_PART_COLUMN", skipped},
     {"*SET_PART_LIST_GENERATE", skipped},
-    {"*SET_PART", part_set},  // and *SET_PART_LIST
+    {"*SET_PART", handler<setcard, SetType::part>, "Part set definition"},  // and *SET_PART_LIST
     {"*SET_SEGMENT_GENERAL", skipped},
-    {"*SET_SEGMENT", setsegment},
+    {"*SET_SEGMENT", handler<setsegment>, "Segment set definition"},
     {"*SET_SHELL_ADD", skipped},
     {"*SET_SHELL_COLUMN", skipped},
     {"*SET_SHELL_GENERAL", skipped},
-    {{"*SET_SHELL_LIST_GENERATE", 19}, skipped},  // sic: compares "*SET_SHELL_LIST_GEN"
-    {"*SET_SHELL", shell_set},                    // and *SET_SHELL_LIST
+    {{"*SET_SHELL_LIST_GENERATE", 19}, skipped},                                 // sic: compares "*SET_SHELL_LIST_GEN"
+    {"*SET_SHELL", handler<setcard, SetType::shell>, "Element set definition"},  // and *SET_SHELL_LIST
     {"*SET_SOLID_ADD", skipped},
     {"*SET_SOLID_GENERAL", skipped},
     {"*SET_SOLID_GENERATE", skipped},
-    {"*SET_SOLID", solid_set},  // and *SET_SOLID_LIST
+    {"*SET_SOLID", handler<setcard, SetType::solid>, "Element set definition"},  // and *SET_SOLID_LIST
     {"*SET", skipped},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(set_rows));
-
-constexpr Conversion set_conversions[] = {
-    {node_set, "setcard", "Node set definition"},         {solid_set, "setcard", "Element set definition"},
-    {shell_set, "setcard", "Element set definition"},     {part_set, "setcard", "Part set definition"},
-    {setsegment, "setsegment", "Segment set definition"},
-};
 
 constexpr std::string_view index_rule = "!-----------------------------------------------------------\n";
 
@@ -208,7 +184,7 @@ void convert_segment(std::string_view line)
 }
 }  // namespace
 
-const Pass set_keywords{"sets", set_rows, set_conversions};
+const Pass set_keywords{"sets", set_rows};
 
 void setcard(SetType type)
 {
@@ -221,6 +197,7 @@ void setcard(SetType type)
     write_header(type, sid, title);
     Card::end_line();
     convert_member_cards();
+    if (type == SetType::node) ++counts.node_sets;
 
     log_recognized();
     if (has_title) log_ignored_title();

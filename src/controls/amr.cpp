@@ -113,19 +113,17 @@ constexpr char segment_history_and_restart[] = "!AMR segment history set:\n"
 // The empty lines behind the section are the driver's: they stand there also without it.
 void amr_section()
 {
-    const bool full = defflag == 1;
-    const bool standalone = stndflag == 0;  // no standards include file supplies the solver's settings
 
     banner(inpfile, "AMR Section");
     text(inpfile, "\n");
     text(inpfile, domains);
-    if (full) text(inpfile, sphere_and_box_domains);
+    if (comprehensive()) text(inpfile, sphere_and_box_domains);
     text(inpfile, equations_of_state);
     text(inpfile, refinement_and_conversion);
-    if (full) text(inpfile, boundaries_and_tracers);
-    if (standalone) text(inpfile, solver_settings);
+    if (comprehensive()) text(inpfile, boundaries_and_tracers);
+    if (standalone()) text(inpfile, solver_settings);
     text(inpfile, plots_and_termination);
-    if (full) text(inpfile, drag_and_ignored_segments);
+    if (comprehensive()) text(inpfile, drag_and_ignored_segments);
     text(inpfile, ignored_parts_and_history);
-    if (full) text(inpfile, segment_history_and_restart);
+    if (comprehensive()) text(inpfile, segment_history_and_restart);
 }

@@ -1,6 +1,7 @@
 // Solver controls: the *TITLE, *CONTROL and *DATABASE keywords, and the settings sections of the main deck.
 #pragma once
 
+#include "reader/keyword.h"
 #include "reader/pass.h"
 
 // Collects run_settings from the keyword copy.
@@ -24,6 +25,13 @@ extern const Pass control_keywords;
 extern const Pass history_keywords;
 extern const Pass sph_keywords;
 extern const Pass sph_part_keywords;
+
+// A *DATABASE_HISTORY_NODE, _SOLID or _SHELL that ends there: a longer one is another keyword.
+inline constexpr Condition without_option{"if no `_` follows", [] {
+                                              return !keyword_is("*DATABASE_HISTORY_NODE_") &&
+                                                     !keyword_is("*DATABASE_HISTORY_SOLID_") &&
+                                                     !keyword_is("*DATABASE_HISTORY_SHELL_");
+                                          }};
 
 // Handlers of the control pass.
 void titlecard();   // *TITLE

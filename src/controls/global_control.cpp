@@ -64,14 +64,12 @@ void hourglass_and_viscosity()
 
 void global_control()
 {
-    const bool full = defflag == 1;
-    const bool standalone = stndflag == 0;  // no standards include file supplies the solver's settings
 
-    if (full || standalone) text(inpfile, global_banner);
-    if (standalone) text(inpfile, deletion_and_conversion);
-    if (full) {
+    if (comprehensive() || standalone()) text(inpfile, global_banner);
+    if (standalone()) text(inpfile, deletion_and_conversion);
+    if (comprehensive()) {
         penalty_scale_factor();
-        if (standalone) hourglass_and_viscosity();
+        if (standalone()) hourglass_and_viscosity();
         text(inpfile, part_conversion_and_damping);
     }
     text(inpfile, "\n\n");

@@ -49,43 +49,20 @@ void histset(Kind kind)
     log_unused({});
 }
 
-void node_sets()
-{
-    histset(Kind::node);
-}
-void element_sets()
-{
-    histset(Kind::element);
-}
-void nodes()
-{
-    histid(Kind::node);
-}
-void elements()
-{
-    histid(Kind::element);
-}
-
 constexpr PassRow history_rows[] = {
-    {"*DATABASE_HISTORY_NODE_SET", node_sets},
-    {"*DATABASE_HISTORY_SOLID_SET", element_sets},
-    {"*DATABASE_HISTORY_SHELL_SET", element_sets},
-    {"*DATABASE_HISTORY_NODE", nodes, [] { return !keyword_is("*DATABASE_HISTORY_NODE_"); }},
-    {"*DATABASE_HISTORY_SOLID", elements, [] { return !keyword_is("*DATABASE_HISTORY_SOLID_"); }},
-    {"*DATABASE_HISTORY_SHELL", elements, [] { return !keyword_is("*DATABASE_HISTORY_SHELL_"); }},
+    {"*DATABASE_HISTORY_NODE_SET", handler<histset, Kind::node>, "Node history set"},
+    {"*DATABASE_HISTORY_SOLID_SET", handler<histset, Kind::element>, "Element history set"},
+    {"*DATABASE_HISTORY_SHELL_SET", handler<histset, Kind::element>, "Element history set"},
+    {"*DATABASE_HISTORY_NODE", handler<histid, Kind::node>, "Node history", without_option},
+    {"*DATABASE_HISTORY_SOLID", handler<histid, Kind::element>, "Element history", without_option},
+    {"*DATABASE_HISTORY_SHELL", handler<histid, Kind::element>, "Element history", without_option},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(history_rows));
 
-constexpr Conversion history_conversions[] = {
-    {node_sets, "histset", "Node history set"},
-    {element_sets, "histset", "Element history set"},
-    {nodes, "histid", "Node history"},
-    {elements, "histid", "Element history"},
-};
 }  // namespace
 
-const Pass history_keywords{"history", history_rows, history_conversions};
+const Pass history_keywords{"history", history_rows};
 
 void history()
 {

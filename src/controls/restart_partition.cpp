@@ -42,7 +42,7 @@ void partition()
     banner(inpfile, "Partition Section");
     text(inpfile, "\n");
     text(inpfile, repartition);
-    if (stndflag != 0) return;  // sic: without the empty lines that end the other sections
+    if (!standalone()) return;  // sic: without the empty lines that end the other sections
     text(inpfile, partition_defaults);
     text(inpfile, "\n\n");
 }

@@ -138,33 +138,31 @@ void optional_deactivation(double birth, double death)
 
 void sph_control()
 {
-    const bool full = defflag == 1;
-    const bool standalone = stndflag == 0;  // no standards include file supplies the solver's settings
 
     banner(inpfile, "SPH Control Section");
     text(inpfile, "\n");
     run_pass(sph_keywords);
     run_pass(sph_part_keywords);  // a smoothing-length line for each particle part
 
-    if (standalone) text(inpfile, particle_settings);
+    if (standalone()) text(inpfile, particle_settings);
     text(inpfile, gradient_renormalization);
-    if (full && standalone) {
+    if (comprehensive() && standalone()) {
         text(inpfile, multistep);
         sample_smoothing_length();
         text(inpfile, optional_particle_settings);
     }
     particle_count_position = inpfile.position();  // sic: also when the line that belongs there is left out
-    if (full && standalone) particle_count();
+    if (comprehensive() && standalone()) particle_count();
 
     const double birth = run_settings.sph_start;
     const double death = run_settings.sph_dt;
     if (run_settings.sph_boxid == 0) {
         box_deactivation(birth, death);
-        if (full) text(inpfile, sphere_definition);
+        if (comprehensive()) text(inpfile, sphere_definition);
     }
     velocity_deactivation(birth, death);
     timestep_deactivation(birth, death);
-    if (!full) return;  // sic: without the empty lines that end the other sections
+    if (!comprehensive()) return;  // sic: without the empty lines that end the other sections
     optional_deactivation(birth, death);
     text(inpfile, "\n\n");
 }

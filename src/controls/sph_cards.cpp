@@ -37,14 +37,10 @@ bool is_particle_section(const char* secid)
 }
 
 constexpr PassRow sph_rows[] = {
-    {"*CONTROL_SPH", csph},
+    {"*CONTROL_SPH", handler<csph>, "values of the deactivation lines"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(sph_rows));
-
-constexpr Conversion sph_conversions[] = {
-    {csph, "csph", "values of the deactivation lines"},
-};
 
 // clang-format off
 constexpr PassRow sph_part_rows[] = {
@@ -53,19 +49,16 @@ constexpr PassRow sph_part_rows[] = {
     {"*PART_MODES", passed_over},
     {"*PART_SENSOR", passed_over},
     {"*PART_MOVE", passed_over},
-    {"*PART", partsph},  // every other option
+    {"*PART", handler<partsph>, "Smoothing length, for parts whose section is a *SECTION_SPH"},  // every other option
     {"*END", end_of_pass},
 };
 // clang-format on
 static_assert(every_row_reachable(sph_part_rows));
 
-constexpr Conversion sph_part_conversions[] = {
-    {partsph, "partsph", "Smoothing length, for parts whose section is a *SECTION_SPH"},
-};
 }  // namespace
 
-const Pass sph_keywords{"SPH", sph_rows, sph_conversions};
-const Pass sph_part_keywords{"SPH part", sph_part_rows, sph_part_conversions};
+const Pass sph_keywords{"SPH", sph_rows};
+const Pass sph_part_keywords{"SPH part", sph_part_rows};
 
 void csph()
 {

@@ -99,28 +99,26 @@ void output_frequencies()
 
 void timing_control()
 {
-    const bool full = defflag == 1;
-    const bool standalone = stndflag == 0;  // no standards include file supplies the solver's settings
 
     banner(inpfile, "Timing and Data Control Section");
     text(inpfile, "\n");
     solution_type();
-    if (full) text(inpfile, sixdof);
-    if (standalone) text(inpfile, memory_size);
+    if (comprehensive()) text(inpfile, sixdof);
+    if (standalone()) text(inpfile, memory_size);
     text(inpfile, termination_time);
-    if (full) {
+    if (comprehensive()) {
         text(inpfile, initial_time_step);
         maximum_time_step();
         text(inpfile, minimum_time_step);
     }
     text(inpfile, scale_factor_and_plot_frequency);
     output_frequencies();
-    if (full) text(inpfile, restart_names);
+    if (comprehensive()) text(inpfile, restart_names);
     text(inpfile, restart_files_and_outliers);
-    if (standalone) text(inpfile, status_frequency);
-    if (full) text(inpfile, standard_output);
-    if (full && standalone) text(inpfile, history_switches);
-    if (full) text(inpfile, load_cells);
-    if (full && standalone) text(inpfile, history_format);
+    if (standalone()) text(inpfile, status_frequency);
+    if (comprehensive()) text(inpfile, standard_output);
+    if (comprehensive() && standalone()) text(inpfile, history_switches);
+    if (comprehensive()) text(inpfile, load_cells);
+    if (comprehensive() && standalone()) text(inpfile, history_format);
     text(inpfile, "\n\n");
 }

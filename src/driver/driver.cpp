@@ -191,7 +191,7 @@ void write_keyword_copy()
 // Writes the particle count, which the geometry passes found, over the line that the SPH section left for it.
 void rewrite_particle_count()
 {
-    if (cardflag != 1 || defflag != 1 || sphflag != 1) return;
+    if (cardflag != 1 || !comprehensive() || sphflag != 1) return;
     char line[64];
     const int length =
         std::snprintf(line, sizeof line, " Initial number of SPH per processor  : %10i", counts.particles);

@@ -8,32 +8,24 @@
 
 namespace
 {
-void to_accelerometer()
-{
-    coordnodes2accel(counts.node_sets);
-}
-
 constexpr PassRow accelerometer_rows[] = {
-    {"*DEFINE_COORDINATE_NODES", to_accelerometer},
+    {"*DEFINE_COORDINATE_NODES", handler<coordnodes2accel>, "Accelerometer history, Node history"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(accelerometer_rows));
 
-constexpr Conversion accelerometer_conversions[] = {
-    {to_accelerometer, "coordnodes2accel", "Accelerometer history, Node history"},
-};
 }  // namespace
 
-const Pass accelerometer_keywords{"accelerometers", accelerometer_rows, accelerometer_conversions};
+const Pass accelerometer_keywords{"accelerometers", accelerometer_rows};
 
 // *DEFINE_COORDINATE_NODES, also as _TITLE: three nodes that frame an accelerometer. Its identifier would be CID behind
 // the node sets, but no line holds it.
-void coordnodes2accel(int /*node_set_count*/)
+void coordnodes2accel()
 {
     const bool titled = keyword_is("*DEFINE_COORDINATE_NODES_TITLE");
     const Title title = titled ? readtitle() : Title{""};
     const auto title_length = static_cast<int>(std::strlen(title.text));
-    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
+    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
         [[maybe_unused]] const int cid = card.integer();
         const int n1 = card.integer();
         const int n2 = card.integer();

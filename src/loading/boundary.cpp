@@ -49,7 +49,8 @@ void bprescribedmotion()
         keyword_is("*BOUNDARY_PRESCRIBED_MOTION_SET_ID") || keyword_is("*BOUNDARY_PRESCRIBED_MOTION_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title, also when refused
+    for (Card card(titled ? Cards::one : Cards::all);
+         card.next();) {  // sic: only the first card behind a title, also when refused
         PrescribedMotion motion{};
         motion.id = card.integer();
         motion.dof = card.integer();
@@ -127,7 +128,7 @@ void bspc()
     const bool titled = keyword_is("*BOUNDARY_SPC_SET_ID") || keyword_is("*BOUNDARY_SPC_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card; card.next(); card.last_if(titled)) {  // sic: only the first card behind a title
+    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
         const Spc spc = read_spc(card);
 
         log_recognized();

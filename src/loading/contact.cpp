@@ -1,6 +1,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <initializer_list>
+#include <string_view>
 
 #include "loading/contact_cards.h"
 #include "loading/contact_options.h"
@@ -53,57 +54,50 @@ void log_contact(const ContactCards& cards, bool titled)
         {{"lcidab", a.lcidab}, {"maxpar", a.maxpar}, {"sbopt", a.sbopt}, {"depth", a.depth}, {"frcfrq", a.frcfrq}});
 }
 
-void to_contact()
-{
-    counts.contacts = contact(counts.contacts);
-}
+constexpr std::string_view contact_lines =
+    "Contact set pair, as a comment; the first one also the global contact options";
+
+constexpr Condition as_contacts{"with `contflag` 1", [] { return contflag == 1; }};
+constexpr Condition as_tied_nodes{"with `contflag` 2", [] { return contflag == 2; }};
 
 // The two automatic contacts that can become tied nodes; sic: other values of the flag silence them, and them alone.
-void to_contact_or_tied_nodes()
-{
-    if (contflag == 1) to_contact();
-    if (contflag == 2) counts.tied_nodes = surfcon2tnodes(counts.tied_nodes);
-}
-
 constexpr PassRow contact_rows[] = {
     {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR", skipped},
-    {"*CONTACT_AUTOMATIC_GENERAL", to_contact},
-    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", to_contact_or_tied_nodes},
+    {"*CONTACT_AUTOMATIC_GENERAL", handler<contact>, contact_lines},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<contact>, contact_lines, as_contacts},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", as_tied_nodes},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", passed_over},
     {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", longest_prefix}, skipped},
-    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", to_contact},
-    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", to_contact},
+    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", handler<contact>, contact_lines},
     {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK", skipped},
-    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", to_contact_or_tied_nodes},
-    {"*CONTACT_ERODING_NODES_TO_SURFACE", to_contact},
-    {"*CONTACT_ERODING_SINGLE_SURFACE", to_contact},
-    {"*CONTACT_ERODING_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<contact>, contact_lines, as_contacts},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", as_tied_nodes},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", passed_over},
+    {"*CONTACT_ERODING_NODES_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_ERODING_SINGLE_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_ERODING_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
     {"*CONTACT_NODES_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_NODES_TO_SURFACE", to_contact},
+    {"*CONTACT_NODES_TO_SURFACE", handler<contact>, contact_lines},
     {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE", to_contact},
-    {"*CONTACT_SINGLE_SURFACE", to_contact},
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_SINGLE_SURFACE", handler<contact>, contact_lines},
     {"*CONTACT_SURFACE_TO_SURFACE_CONTRACTION_JOINT", skipped},
     {"*CONTACT_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_SURFACE_TO_SURFACE", to_contact},
+    {"*CONTACT_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
     {"*CONTACT", skipped},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(contact_rows));
-
-constexpr Conversion contact_conversions[] = {
-    {to_contact, "contact", "Contact set pair, as a comment; the first one also the global contact options"},
-    {to_contact_or_tied_nodes, "contact or surfcon2tnodes",
-     "with contflag 1 as a contact, with 2 as Tied node definition, else passed over"},
-};
 }  // namespace
 
-const Pass contact_keywords{"contact", contact_rows, contact_conversions};
+const Pass contact_keywords{"contact", contact_rows};
 
 // *CONTACT_...: the first contact sets the options of all, since the solver has one contact scheme for the whole model;
 // the pair of each is written as an inactive line to start from.
-int contact(int count)
+void contact()
 {
-    const int cid = count + 1;
+    const bool first = ++counts.contacts == 1;
     const bool titled = keyword_ends_in("ID");
     if (titled) skip_title();
     const ContactCards cards = read_contact_cards();
@@ -113,10 +107,10 @@ int contact(int count)
 
     constexpr int range_search = 0;
     // A slave side asks for the pairwise scheme 2, which is never written.
-    if (cards.sides.ssid != 0 && cid == 1)
+    if (cards.sides.ssid != 0 && first)
         std::printf("\nWarning: Contact Scheme 2 being used. Changing to global contact scheme 0.\n");
 
-    if (cid == 1)
+    if (first)
         write_contact_options({.scheme = range_search,
                                .searches = cards.a.bsort,
                                .soft = cards.a.soft,
@@ -128,15 +122,12 @@ int contact(int count)
     text(inpfile, "   !--- CID  SSID  MSID  PSF\n");
 
     log_contact(cards, titled);
-    return cid;
 }
 
 void contact_section()
 {
-    const bool full = defflag == 1;
-    const bool standards_file = stndflag != 0;
 
-    if (!standards_file || full) {
+    if (standalone() || comprehensive()) {
         banner(inpfile, "Contact Section");
         text(inpfile, "\n");
     }
@@ -144,9 +135,9 @@ void contact_section()
     if (counts.tied_nodes > 0) text(inpfile, "\n");
     if (counts.contacts == 0) {
         std::printf("\nWarning: No contact card found - Contact turned off\n");
-        if (!standards_file) write_default_contact_options();
-        if (full) write_thermal_and_friction_template();
+        if (standalone()) write_default_contact_options();
+        if (comprehensive()) write_thermal_and_friction_template();
     }
-    if (full && contflag != 2) write_tied_node_template();
+    if (comprehensive() && contflag != 2) write_tied_node_template();
     text(inpfile, "\n\n");
 }

@@ -57,7 +57,6 @@ void write_contact_options(const ContactOptions& options)
 // iterations, the nearest-neighbour iterations, the parallel efficiency.
 void write_default_contact_options()
 {
-    const bool full = defflag == 1;
 
     text(inpfile, "!--- Global contact options\n");
     print(inpfile, " Contact scheme                             : %10i", 3);
@@ -69,7 +68,7 @@ void write_default_contact_options()
     print(inpfile, " Max number of contact iterations           : %10i\n", 15);
     print(inpfile, " Curvature based adaptive contact option    : %10i", 0);
     text(inpfile, "   !--- 0=off(default), 1=center, 2=corners, 3=both; \n");
-    if (full) {
+    if (comprehensive()) {
         print(inpfile, "!Contact preconditioning scheme             : %10i", 0);
         text(inpfile, "   !--- 0=point Jacobian (default), 1=legacy\n");
         print(inpfile, "!Contact convergence tolerance              : %10.3e\n", 1.0e-6);
@@ -81,7 +80,7 @@ void write_default_contact_options()
         print(inpfile, "!Max segments per node                      : %10i\n", 16);
     }
     print(inpfile, " Iterations between NN search               : %10i\n", 1);
-    if (full) {
+    if (comprehensive()) {
         print(inpfile, "!Particle penalty formulation               : %10i", 0);
         text(inpfile, "   !--- 0=standard formulation, 1=soft material formulation\n");
         print(inpfile, "!Particle penalty scale factor              : %10.1f\n", 1.0);

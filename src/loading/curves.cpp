@@ -30,17 +30,14 @@ constexpr PassRow curve_rows[] = {
     {"*DEFINE_CURVE_FUNCTION", skipped},
     {"*DEFINE_CURVE_SMOOTH", skipped},
     {"*DEFINE_CURVE_TRIM", skipped},
-    {"*DEFINE_CURVE", definecurve},  // and _TITLE
+    {"*DEFINE_CURVE", handler<definecurve>, "Load curve definition"},  // and _TITLE
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(curve_rows));
 
-constexpr Conversion curve_conversions[] = {
-    {definecurve, "definecurve", "Load curve definition"},
-};
 }  // namespace
 
-const Pass curve_keywords{"curves", curve_rows, curve_conversions};
+const Pass curve_keywords{"curves", curve_rows};
 
 // *DEFINE_CURVE, also as _TITLE: a load curve, its points already shifted and scaled.
 void definecurve()

@@ -18,9 +18,9 @@ extern const Pass boundary_keywords;
 extern const Pass curve_keywords;
 extern const Pass accelerometer_keywords;
 
-// Contacts. Each takes and returns a running count.
-int contact(int count);         // *CONTACT_...: the first one writes the global contact options
-int surfcon2tnodes(int count);  // automatic contacts as tied nodes
+// Contacts. Each adds to a running count.
+void contact();         // *CONTACT_...: the first one writes the global contact options
+void surfcon2tnodes();  // automatic contacts as tied nodes
 
 // Boundary conditions.
 void bnonreflect();        // *BOUNDARY_NON_REFLECTING
@@ -46,5 +46,5 @@ void loadsegset();  // *LOAD_SEGMENT_SET
 void loadseg();     // *LOAD_SEGMENT
 
 // Curves and accelerometers.
-void definecurve();                         // *DEFINE_CURVE
-void coordnodes2accel(int node_set_count);  // *DEFINE_COORDINATE_NODES as accelerometers
+void definecurve();       // *DEFINE_CURVE
+void coordnodes2accel();  // *DEFINE_COORDINATE_NODES as accelerometers

@@ -52,13 +52,12 @@ int slave_type(int sstyp)
 
 // *CONTACT_AUTOMATIC_NODES_TO_SURFACE and *CONTACT_AUTOMATIC_SURFACE_TO_SURFACE as ties that can fail. The friction
 // coefficients of the contact carry what a contact has no field for: FS the failure strain, FD the search radius.
-int surfcon2tnodes(int count)
+void surfcon2tnodes()
 {
-    const int number = count + 1;
     const Heading heading = read_id_card();
     const ContactCards cards = read_contact_cards();
 
-    if (number == 1) {
+    if (++counts.tied_nodes == 1) {
         text(inpfile, " Tied node definition:\n");
         print(inpfile, "!%9s %8s %8s %8s %8s %8s %7s %7s %7s %7s\n",  //
               "slvid", "stype", "mstrsid", "effstr", "pcut", "sn", "ss", "n", "m", "radius");
@@ -66,5 +65,4 @@ int surfcon2tnodes(int count)
     print(inpfile, " %9i %8i %8i %8.1f %8.1f %8.1f %7.1f %7.1f %7.1f %7.1f   !---%-80s\n",  //
           cards.sides.ssid, slave_type(cards.sides.sstyp), cards.sides.msid,                //
           cards.friction.fs, 0.0, 0.0, 0.0, 0.0, 0.0, cards.friction.fd, heading.text);
-    return number;
 }

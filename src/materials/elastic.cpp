@@ -22,9 +22,9 @@ void matelastic()
     Card card;
     Word mid;
     float ro, e, pr, da, db, k;
-    first_card(card, mid, ro, e, pr, da, db, k);
+    card.first(mid, ro, e, pr, da, db, k);
 
-    write_material(mid, 1, ro, title);
+    write_material(mid, mtyp::elastic, ro, title);
     write_singly({{"e", e}, {"pr", pr}});
     write_blank_slots(4);
 
@@ -39,13 +39,13 @@ void matisotropicelasticfail()
     Card card;
     Word mid;
     float ro, g, sigy, etan, bulk;
-    first_card(card, mid, ro, g, sigy, etan, bulk);
+    card.first(mid, ro, g, sigy, etan, bulk);
     float epf, prf, rem, trem;
-    another_card(card, epf, prf, rem, trem);
+    card.another(epf, prf, rem, trem);
     warn_of_bulk_modulus(bulk);
     const float eflag = epf > 0.0f ? 1.0f : 0.0f;
 
-    write_material(mid, 13, ro, title);
+    write_material(mid, mtyp::isotropic_elastic_failure, ro, title);
     write_group({{"smod", g}, {"sigy", sigy}, {"etan", etan}, {"fs", epf}, {"fp", prf}});
     write_singly({{"bulk", bulk}});
     write_group({{"eflag", eflag}, {"pflag", 0.0f}});
@@ -62,10 +62,10 @@ void matisotropicelasticplas()
     Card card;
     Word mid;
     float ro, g, sigy, etan, bulk;
-    first_card(card, mid, ro, g, sigy, etan, bulk);
+    card.first(mid, ro, g, sigy, etan, bulk);
     warn_of_bulk_modulus(bulk);
 
-    write_material(mid, 12, ro, title);
+    write_material(mid, mtyp::isotropic_elastic_plastic, ro, title);
     write_group({{"smod", g}, {"sigy", sigy}, {"etan", etan}});
     write_singly({{"bulk", bulk}});
     write_blank_slots(4);
@@ -81,11 +81,11 @@ void matplastickinematic()
     Card card;
     Word mid;
     float ro, e, pr, sigy, etan, beta;
-    first_card(card, mid, ro, e, pr, sigy, etan, beta);
+    card.first(mid, ro, e, pr, sigy, etan, beta);
     float src, srp, fs, vp;
-    another_card(card, src, srp, fs, vp);
+    card.another(src, srp, fs, vp);
 
-    write_material(mid, 3, ro, title);
+    write_material(mid, mtyp::plastic_kinematic, ro, title);
     write_singly({{"ymod", e}, {"pr", pr}, {"sigy", sigy}, {"etan", etan}, {"beta", beta}});
     write_blank_slots(1);
 
@@ -100,14 +100,14 @@ void matrigid()
     Card card;
     Word mid;
     float ro, e, pr, n, couple, m, alias;
-    first_card(card, mid, ro, e, pr, n, couple, m, alias);
+    card.first(mid, ro, e, pr, n, couple, m, alias);
     float cmo, con1, con2;
-    another_card(card, cmo, con1, con2);
+    card.another(cmo, con1, con2);
     float a1, a2, a3, v1, v2, v3;
-    another_card(card, a1, a2, a3, v1, v2, v3);
+    card.another(a1, a2, a3, v1, v2, v3);
     const float icopt = con1 != 0.0f || con2 != 0.0f ? 1.0f : 0.0f;
 
-    write_material(mid, 20, ro, title);
+    write_material(mid, mtyp::rigid, ro, title);
     write_singly({{"ymod", e}, {"pr", pr}, {"icopt", icopt}, {"con1", con1}, {"con2", con2}});
     write_blank_slots(1);
 

@@ -25,7 +25,7 @@ void sectionsolid()
     Card card;
     Word secid;
     int elform, aet;
-    first_card(card, secid, elform, aet);
+    card.first(secid, elform, aet);
 
     log_recognized();
     if (titled)
@@ -52,10 +52,10 @@ void sectionshell()
     Word secid;
     int elform, nip, propt, irid, icomp, setyp;
     float shrf;
-    first_card(card, secid, elform, shrf, nip, propt, irid, icomp, setyp);
+    card.first(secid, elform, shrf, nip, propt, irid, icomp, setyp);
     float t1, t2, t3, t4, marea, idof;
     int nloc, edgset;
-    another_card(card, t1, t2, t3, t4, nloc, marea, idof, edgset);
+    card.another(t1, t2, t3, t4, nloc, marea, idof, edgset);
 
     log_recognized();
     if (titled)
@@ -78,9 +78,9 @@ void sectionshell()
     }
     write_formulation(secid, eform);
     print(inpfile, "!%11s%10s%10s%10s%10s\n", "shf", "nip", "output", "irid", "refloc");
-    print(inpfile, "%12.1f%10i%10i%10i%10i\n", wide(shrf), nip, propt, irid, nloc);
+    print(inpfile, "%12.1f%10i%10i%10i%10i\n", shrf, nip, propt, irid, nloc);
     print(inpfile, "!%11s%10s%10s%10s\n", "t1", "t2", "t3", "t4");
-    print(inpfile, "%12.3e%10.3e%10.3e%10.3e\n", wide(t1), wide(t2), wide(t3), wide(t4));
+    print(inpfile, "%12.3e%10.3e%10.3e%10.3e\n", t1, t2, t3, t4);
 }
 
 void sectionsph()
@@ -90,7 +90,7 @@ void sectionsph()
     Card card;
     Word secid;
     float cslh, hmin, hmax, sphini, death, start;
-    first_card(card, secid, cslh, hmin, hmax, sphini, death, start);
+    card.first(secid, cslh, hmin, hmax, sphini, death, start);
 
     log_recognized();
     if (titled) log_ignored_title();

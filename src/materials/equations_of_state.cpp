@@ -13,8 +13,8 @@ void eoslinearpoly()
     Card card;
     Word eosid;
     float c0, c1, c2, c3, c4, c5, c6, e0, v0;
-    first_card(card, eosid, c0, c1, c2, c3, c4, c5, c6);
-    another_card(card, e0, v0);
+    card.first(eosid, c0, c1, c2, c3, c4, c5, c6);
+    card.another(e0, v0);
 
     write_eos(eosid, 1, title);
     write_group({{"c0", c0}, {"c1", c1}, {"c2", c2}, {"c3", c3}, {"c4", c4}, {"c5", c5}, {"c6", c6}, {"e0", e0}});
@@ -31,7 +31,7 @@ void eosjwl()
     Card card;
     Word eosid;
     float a, b, r1, r2, omeg, e0, v0;
-    first_card(card, eosid, a, b, r1, r2, omeg, e0, v0);
+    card.first(eosid, a, b, r1, r2, omeg, e0, v0);
 
     write_eos(eosid, 2, title);
     write_group({{"a", a}, {"b", b}, {"r1", r1}, {"r2", r2}, {"omega", omeg}, {"e0", e0}, {"v0", v0}, blank});
@@ -47,8 +47,8 @@ void eosmgrun()
     Card card;
     Word eosid;
     float c, s1, s2, s3, gamao, a, e0, v0;
-    first_card(card, eosid, c, s1, s2, s3, gamao, a, e0);
-    another_card(card, v0);
+    card.first(eosid, c, s1, s2, s3, gamao, a, e0);
+    card.another(v0);
 
     write_eos(eosid, 4, title);
     write_group({{"C", c}, {"s1", s1}, {"s2", s2}, {"s3", s3}, {"gamma", gamao}, {"a", a}, {"e0", e0}, {"v0", v0}});
@@ -64,13 +64,13 @@ void eosigrb()
     Card card;
     Word eosid;
     float a, b, xp1, xp2, frer, g, r1;
-    first_card(card, eosid, a, b, xp1, xp2, frer, g, r1);
+    card.first(eosid, a, b, xp1, xp2, frer, g, r1);
     float r2, r3, r5, r6, fmxig, freq, grow1, em;
-    another_card(card, r2, r3, r5, r6, fmxig, freq, grow1, em);
+    card.another(r2, r3, r5, r6, fmxig, freq, grow1, em);
     float ar1, es1, cvp, cvr, eetal, ccrit, enq, tmp0;
-    another_card(card, ar1, es1, cvp, cvr, eetal, ccrit, enq, tmp0);
+    card.another(ar1, es1, cvp, cvr, eetal, ccrit, enq, tmp0);
     float grow2, ar2, es2, en, fmxgr, fmngr;
-    another_card(card, grow2, ar2, es2, en, fmxgr, fmngr);
+    card.another(grow2, ar2, es2, en, fmxgr, fmngr);
     // A heat capacity of zero shows as "inf" or "-nan" in the deck.
     const float we = quotient(r3, cvr);
     const float wp = quotient(g, cvp);

@@ -41,32 +41,32 @@ Criteria read_criteria(Card& card, int mtyp)
 {
     Criteria criteria;
     switch (mtyp) {
-    case 3:  // *MAT_PLASTIC_KINEMATIC: SRC, SRP, FS
+    case mtyp::plastic_kinematic:  // *MAT_PLASTIC_KINEMATIC: SRC, SRP, FS
         card.another();
         pass_fields(card, 2);
         criteria.fstrain = card.real();
         break;
-    case 9:  // *MAT_NULL: RO, PC, MU, TEROD, CEROD
+    case mtyp::null:  // *MAT_NULL: RO, PC, MU, TEROD, CEROD
         pass_fields(card, 3);
         criteria.maxrvol = card.real();
         criteria.minrvol = card.real();
         break;
-    case 10:  // *MAT_ELASTIC_PLASTIC_HYDRO: RO, G, SIGY, EH, PC, FS
+    case mtyp::elastic_plastic_hydro:  // *MAT_ELASTIC_PLASTIC_HYDRO: RO, G, SIGY, EH, PC, FS
         pass_fields(card, 6);
         criteria.fstrain = 0.0f;  // sic: whatever FS is
         break;
-    case 11:  // *MAT_STEINBERG_TITLE: RO, G0, SIGO, BETA, N
+    case mtyp::steinberg:  // *MAT_STEINBERG_TITLE: RO, G0, SIGO, BETA, N
         pass_fields(card, 5);
         break;
-    case 13:  // *MAT_ISOTROPIC_ELASTIC_FAILURE: EPF, PRF, REM, TREM
+    case mtyp::isotropic_elastic_failure:  // *MAT_ISOTROPIC_ELASTIC_FAILURE: EPF, PRF, REM, TREM
         card.another();
         pass_fields(card, 4);
         criteria.fstrain = 0.0f;  // sic: whatever EPF is; the material has it as "fs"
         break;
-    case 15:                   // *MAT_JOHNSON_COOK: RO, G, E, PR, DTF
+    case mtyp::johnson_cook:   // *MAT_JOHNSON_COOK: RO, G, E, PR, DTF
         pass_fields(card, 5);  // sic: DTF does not become the minimum time step
         break;
-    case 98:  // *MAT_SIMPLIFIED_JOHNSON_COOK: A, B, N, C, PSFAIL
+    case mtyp::simplified_johnson_cook:  // *MAT_SIMPLIFIED_JOHNSON_COOK: A, B, N, C, PSFAIL
         card.another();
         pass_fields(card, 4);
         criteria.fstrain = card.real();
@@ -87,8 +87,7 @@ void failure(int mtyp)
     const Criteria c = read_criteria(card, mtyp);
 
     print(inpfile, " Failure definition:%10s %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e\n", mid.text,
-          wide(c.fstrain), wide(c.dtmin), wide(c.minrvol), wide(c.maxrvol), wide(c.skew), wide(c.aspect), wide(c.pmax),
-          wide(c.scalej));
+          c.fstrain, c.dtmin, c.minrvol, c.maxrvol, c.skew, c.aspect, c.pmax, c.scalej);
 
     const bool deletes_nothing = c.fstrain == 0.0f && c.dtmin == -0.5f && c.minrvol == 0.5f && c.maxrvol == 5.0f;
     if (!deletes_nothing) edflag = 1;

@@ -17,11 +17,11 @@ void matelasticplastichydro()
     Card card;
     Word mid;
     float ro, g, sigy, eh, pc, fs, charl;
-    first_card(card, mid, ro, g, sigy, eh, pc, fs, charl);
+    card.first(mid, ro, g, sigy, eh, pc, fs, charl);
     float a1 = 0.0f, a2 = 0.0f, spall = 0.0f;
-    if (keyword_is("*MAT_ELASTIC_PLASTIC_HYDRO_SPALL")) another_card(card, a1, a2, spall);
+    if (keyword_is("*MAT_ELASTIC_PLASTIC_HYDRO_SPALL")) card.another(a1, a2, spall);
     // The yield curve: each card of eight values is a group of the same eight.
-    Parameter curve[4][8] = {
+    Labelled curve[4][8] = {
         {"eps1", "eps2", "eps3", "eps4", "eps5", "eps6", "eps7", "eps8"},
         {"eps9", "eps10", "eps11", "eps12", "eps13", "eps14", "eps15", "eps16"},
         {"es1", "es2", "es3", "es4", "es5", "es6", "es7", "es8"},
@@ -29,11 +29,11 @@ void matelasticplastichydro()
     };
     for (auto& points : curve) {
         card.another();
-        for (Parameter& point : points) point.real = card.real();
+        for (Labelled& point : points) point.real = card.real();
     }
     const float epflag = fs > 0.0f ? 1.0f : 0.0f;
 
-    write_material(mid, 10, ro, title);
+    write_material(mid, mtyp::elastic_plastic_hydro, ro, title);
     write_group({{"g", g}, {"sigy", sigy}, {"ep", eh}, {"pc", pc}, {"a1", a1}, {"a2", a2}, {"ispall", spall}, blank});
     write_group({{"fs", fs}, {"epflag", epflag}, {"sflag", 0}, blank, blank, blank, blank, blank});
     for (const auto& points : curve) write_group_blank_ended(points);
@@ -49,22 +49,21 @@ void matheburn()
     Card card;
     Word mid;
     float ro, d, pcj, beta, k, g, sigy;
-    first_card(card, mid, ro, d, pcj, beta, k, g, sigy);
+    card.first(mid, ro, d, pcj, beta, k, g, sigy);
     const bool beta_available = beta == 1.0f || beta == 2.0f;
     const float ilopt = beta == 1.0f ? 1.0f : 0.0f;
     if (!beta_available) {
-        std::printf("\nWarning: Beta=%f is not an available option in Kestrune.\n", wide(beta));
+        std::printf("\nWarning: Beta=%f is not an available option in Kestrune.\n", beta);
         std::printf("Assuming ilopt=0.0\n");
     }
 
-    write_material(mid, 8, ro, title);
+    write_material(mid, mtyp::high_explosive_burn, ro, title);
     write_group({{"d", d}, {"pcj", pcj}, {"ilopt", ilopt}});
     write_blank_slots(5);
 
     log_recognized();
     log_unused_heading();
-    if (!beta_available)
-        print(outfile, "%10s:%10.3e . . . Changed ilopt to 0.0 in Kestrune input\n", "beta", wide(beta));
+    if (!beta_available) print(outfile, "%10s:%10.3e . . . Changed ilopt to 0.0 in Kestrune input\n", "beta", beta);
     for (const Field& field : {Field{"k", k}, Field{"g", g}, Field{"sigy", sigy}}) log_field(field);
 }
 
@@ -75,9 +74,9 @@ void matnull()
     Card card;
     Word mid;
     float ro, pc, mu, terod, cerod, ym, pr;
-    first_card(card, mid, ro, pc, mu, terod, cerod, ym, pr);
+    card.first(mid, ro, pc, mu, terod, cerod, ym, pr);
 
-    write_material(mid, 9, ro, title);
+    write_material(mid, mtyp::null, ro, title);
     write_group({{"pc", pc}, {"mu", mu}});
     write_blank_slots(5);
 

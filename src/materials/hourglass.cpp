@@ -15,7 +15,7 @@ void hourglass()
     Word hgid;
     int ihq, ibq;
     float qm, q1, q2, qb, qw;
-    first_card(card, hgid, ihq, qm, ibq, q1, q2, qb, qw);
+    card.first(hgid, ihq, qm, ibq, q1, q2, qb, qw);
 
     log_recognized();
     log_ignored_title();  // sic: also when there is no title
@@ -34,6 +34,6 @@ void hourglass()
     }
     ibq = 1;
 
-    print(inpfile, " Hourglass formulation definition: %10s %7i %7.2f %7i %7.2f %7.2f\n", hgid.text, ihq, wide(qm), ibq,
-          wide(q1), wide(q2));
+    print(inpfile, " Hourglass formulation definition: %10s %7i %7.2f %7i %7.2f %7.2f\n", hgid.text, ihq, qm, ibq, q1,
+          q2);
 }

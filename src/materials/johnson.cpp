@@ -12,7 +12,6 @@
 
 namespace
 {
-constexpr int johnson_cook = 15;
 constexpr char johnson_cook_title[] = "Johnson Cook        ";
 
 // What the solver's material takes, under the solver's labels; the full and the simplified keyword share it.
@@ -54,15 +53,15 @@ void matjohnsoncook()
     Card card;
     Word mid;
     float ro, g, e, pr, dtf, vp, rateop;
-    first_card(card, mid, ro, g, e, pr, dtf, vp, rateop);
+    card.first(mid, ro, g, e, pr, dtf, vp, rateop);
     float a, b, n, c, m, tm, tr, epso;
-    another_card(card, a, b, n, c, m, tm, tr, epso);
+    card.another(a, b, n, c, m, tm, tr, epso);
     float cp, pc, spall, it, d1, d2, d3, d4;
-    another_card(card, cp, pc, spall, it, d1, d2, d3, d4);
+    card.another(cp, pc, spall, it, d1, d2, d3, d4);
     float d5, c2p;
-    another_card(card, d5, c2p);
+    card.another(d5, c2p);
 
-    write_material(mid, johnson_cook, ro, title);
+    write_material(mid, mtyp::johnson_cook, ro, title);
     write_johnson_cook({.smod = g,
                         .a = a,
                         .b = b,
@@ -99,12 +98,12 @@ void matsimpjohnsoncook()
     Card card;
     Word mid;
     float ro, e, pr, vp;
-    first_card(card, mid, ro, e, pr, vp);
+    card.first(mid, ro, e, pr, vp);
     float a, b, n, c, psfail, sigmax, sigsat, epso;
-    another_card(card, a, b, n, c, psfail, sigmax, sigsat, epso);
+    card.another(a, b, n, c, psfail, sigmax, sigsat, epso);
     const float g = quotient(e, 2.0f * (1.0f + pr));
 
-    write_material(mid, johnson_cook, ro, title);
+    write_material(mid, mtyp::johnson_cook, ro, title);
     write_johnson_cook({.smod = g,
                         .a = a,
                         .b = b,
@@ -141,13 +140,13 @@ void matjohnsonholmquistceramic()
     Card card;
     Word mid;
     float ro, g, a, b, c, m, n;
-    first_card(card, mid, ro, g, a, b, c, m, n);
+    card.first(mid, ro, g, a, b, c, m, n);
     float epsi, t, sfmax, hel, phel, beta;
-    another_card(card, epsi, t, sfmax, hel, phel, beta);
+    card.another(epsi, t, sfmax, hel, phel, beta);
     float d1, d2, k1, k2, k3, fs;
-    another_card(card, d1, d2, k1, k2, k3, fs);
+    card.another(d1, d2, k1, k2, k3, fs);
 
-    write_material(mid, 43, ro, title);
+    write_material(mid, mtyp::johnson_holmquist_ceramics, ro, title);
     write_group({{"g", g}, {"a", a}, {"b", b}, {"c", c}, {"m", m}, {"n", n}});
     write_group({{"epsi", epsi}, {"t", t}, {"sfmax", sfmax}, {"hel", hel}, {"phel", phel}, {"beta", beta}});
     write_group({{"d1", d1}, {"d2", d2}, {"k1", k1}, {"k2", k2}, {"k3", k3}, {"fs", fs}});

@@ -47,8 +47,27 @@ void matsimpjohnsoncook();          // *MAT_SIMPLIFIED_JOHNSON_COOK
 void matsteinberg();                // *MAT_STEINBERG_TITLE
 void matviscoelastic();             // *MAT_VISCOELASTIC
 
-// The failure definition of a material keyword, under the material's identifier. mtyp is the type number that the pass
-// gives the keyword (1, 3, 6, 8 to 13, 15, 20, 43, 98). Nothing is logged. Sets edflag.
+// The solver's material types.
+namespace mtyp
+{
+inline constexpr int elastic = 1;
+inline constexpr int plastic_kinematic = 3;
+inline constexpr int viscoelastic = 6;
+inline constexpr int high_explosive_burn = 8;
+inline constexpr int null = 9;
+inline constexpr int elastic_plastic_hydro = 10;
+inline constexpr int steinberg = 11;
+inline constexpr int isotropic_elastic_plastic = 12;
+inline constexpr int isotropic_elastic_failure = 13;
+inline constexpr int johnson_cook = 15;
+inline constexpr int rigid = 20;
+inline constexpr int mooney_rivlin_rubber = 27;
+inline constexpr int johnson_holmquist_ceramics = 43;
+inline constexpr int simplified_johnson_cook = 98;  // of failure definitions alone: the material is a johnson_cook
+}  // namespace mtyp
+
+// The failure definition of a material keyword, under the material's identifier. mtyp is the type that the failure pass
+// gives the keyword. Nothing is logged. Sets edflag.
 void failure(int mtyp);
 
 void hourglass();  // *HOURGLASS

@@ -14,150 +14,97 @@ constexpr PassRow part_rows[] = {
     {"*PART_MODES", skipped},
     {"*PART_SENSOR", skipped},
     {"*PART_MOVE", skipped},
-    {"*PART", part},  // every other option
+    {"*PART", handler<part>, "Part definition"},  // every other option
     {"*END", end_of_pass},
 };
 // clang-format on
 static_assert(every_row_reachable(part_rows));
 
-constexpr Conversion part_conversions[] = {
-    {part, "part", "Part definition"},
-};
-
 constexpr PassRow section_rows[] = {
-    {"*SECTION_SOLID", sectionsolid},
-    {"*SECTION_SHELL", sectionshell},
-    {"*SECTION_SPH", sectionsph},
+    {"*SECTION_SOLID", handler<sectionsolid>, "Element formulation definition"},
+    {"*SECTION_SHELL", handler<sectionshell>, "Element formulation definition"},
+    {"*SECTION_SPH", handler<sectionsph>, "Element formulation definition"},
     {"*SECTION", skipped},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(section_rows));
 
-constexpr Conversion section_conversions[] = {
-    {sectionsolid, "sectionsolid", "Element formulation definition"},
-    {sectionshell, "sectionshell", "Element formulation definition"},
-    {sectionsph, "sectionsph", "Element formulation definition"},
-};
-
 constexpr PassRow eos_rows[] = {
-    {"*EOS_GRUNEISEN", eosmgrun},
-    {"*EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE", eosigrb},
-    {"*EOS_JWL", eosjwl},
-    {"*EOS_LINEAR_POLYNOMIAL_TITLE", eoslinearpoly},  // sic: without a title it is skipped
+    {"*EOS_GRUNEISEN", handler<eosmgrun>, "EOS definition, type 4"},
+    {"*EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE", handler<eosigrb>, "EOS definition, type 7"},
+    {"*EOS_JWL", handler<eosjwl>, "EOS definition, type 2"},
+    {"*EOS_LINEAR_POLYNOMIAL_TITLE", handler<eoslinearpoly>,
+     "EOS definition, type 1"},  // sic: without a title it is skipped
     {"*EOS", skipped},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(eos_rows));
 
-constexpr Conversion eos_conversions[] = {
-    {eosmgrun, "eosmgrun", "EOS definition, type 4"},
-    {eosigrb, "eosigrb", "EOS definition, type 7"},
-    {eosjwl, "eosjwl", "EOS definition, type 2"},
-    {eoslinearpoly, "eoslinearpoly", "EOS definition, type 1"},
-};
-
 // An option of *MAT_ELASTIC, the fluid for instance.
-bool elastic_option()
-{
-    return !keyword_is("*MAT_ELASTIC_TITLE");
-}
-
-template <int mtyp>
-void failure_of()
-{
-    failure(mtyp);
-}
+constexpr Condition elastic_option{"unless `TITLE` follows", [] { return !keyword_is("*MAT_ELASTIC_TITLE"); }};
 
 // The failure and material tables list the same materials, in the same order.
 constexpr PassRow failure_rows[] = {
-    {"*MAT_ELASTIC_PLASTIC_HYDRO", failure_of<10>},
-    {"*MAT_ELASTIC_", passed_over, elastic_option},
-    {"*MAT_ELASTIC", failure_of<1>},
-    {"*MAT_HIGH_EXPLOSIVE_BURN", failure_of<8>},
-    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", failure_of<13>},
-    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", failure_of<12>},
-    {"*MAT_JOHNSON_COOK", failure_of<15>},
-    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", failure_of<43>},
-    {"*MAT_MOONEY-RIVLIN_RUBBER", failure_of<6>},  // sic: the material itself is of type 27
-    {"*MAT_NULL", failure_of<9>},
-    {"*MAT_PLASTIC_KINEMATIC", failure_of<3>},
-    {"*MAT_RIGID", failure_of<20>},
-    {"*MAT_SIMPLIFIED_JOHNSON_COOK", failure_of<98>},
+    {"*MAT_ELASTIC_PLASTIC_HYDRO", handler<failure, mtyp::elastic_plastic_hydro>, "Failure definition"},
+    {"*MAT_ELASTIC_", passed_over, "", elastic_option},
+    {"*MAT_ELASTIC", handler<failure, mtyp::elastic>, "Failure definition"},
+    {"*MAT_HIGH_EXPLOSIVE_BURN", handler<failure, mtyp::high_explosive_burn>, "Failure definition"},
+    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", handler<failure, mtyp::isotropic_elastic_failure>, "Failure definition"},
+    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", handler<failure, mtyp::isotropic_elastic_plastic>, "Failure definition"},
+    {"*MAT_JOHNSON_COOK", handler<failure, mtyp::johnson_cook>, "Failure definition"},
+    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", handler<failure, mtyp::johnson_holmquist_ceramics>, "Failure definition"},
+    {"*MAT_MOONEY-RIVLIN_RUBBER", handler<failure, mtyp::viscoelastic>,
+     "Failure definition"},  // sic: the material itself is of type 27
+    {"*MAT_NULL", handler<failure, mtyp::null>, "Failure definition"},
+    {"*MAT_PLASTIC_KINEMATIC", handler<failure, mtyp::plastic_kinematic>, "Failure definition"},
+    {"*MAT_RIGID", handler<failure, mtyp::rigid>, "Failure definition"},
+    {"*MAT_SIMPLIFIED_JOHNSON_COOK", handler<failure, mtyp::simplified_johnson_cook>, "Failure definition"},
     {"*MAT_VISCOELASTIC_THERMAL", passed_over},
     {"*MAT_VISCOELASTIC_HILL_FOAM", passed_over},
-    {"*MAT_VISCOELASTIC", failure_of<6>},
-    {"*MAT_STEINBERG_TITLE", failure_of<11>},
+    {"*MAT_VISCOELASTIC", handler<failure, mtyp::viscoelastic>, "Failure definition"},
+    {"*MAT_STEINBERG_TITLE", handler<failure, mtyp::steinberg>, "Failure definition"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(failure_rows));
 
-constexpr Conversion failure_conversions[] = {
-    {failure_of<10>, "failure", "Failure definition"}, {failure_of<1>, "failure", "Failure definition"},
-    {failure_of<8>, "failure", "Failure definition"},  {failure_of<13>, "failure", "Failure definition"},
-    {failure_of<12>, "failure", "Failure definition"}, {failure_of<15>, "failure", "Failure definition"},
-    {failure_of<43>, "failure", "Failure definition"}, {failure_of<6>, "failure", "Failure definition"},
-    {failure_of<9>, "failure", "Failure definition"},  {failure_of<3>, "failure", "Failure definition"},
-    {failure_of<20>, "failure", "Failure definition"}, {failure_of<98>, "failure", "Failure definition"},
-    {failure_of<11>, "failure", "Failure definition"},
-};
-
 constexpr PassRow hourglass_rows[] = {
-    {"*HOURGLASS", hourglass},
+    {"*HOURGLASS", handler<hourglass>, "Hourglass formulation definition"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(hourglass_rows));
 
-constexpr Conversion hourglass_conversions[] = {
-    {hourglass, "hourglass", "Hourglass formulation definition"},
-};
-
 constexpr PassRow material_rows[] = {
-    {"*MAT_ELASTIC_PLASTIC_HYDRO", matelasticplastichydro},
-    {"*MAT_ELASTIC_", skipped, elastic_option},
-    {"*MAT_ELASTIC", matelastic},
-    {"*MAT_HIGH_EXPLOSIVE_BURN", matheburn},
-    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", matisotropicelasticfail},
-    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", matisotropicelasticplas},
-    {"*MAT_JOHNSON_COOK", matjohnsoncook},
-    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", matjohnsonholmquistceramic},
-    {"*MAT_MOONEY-RIVLIN_RUBBER", matmooney},
-    {"*MAT_NULL", matnull},
-    {"*MAT_PLASTIC_KINEMATIC", matplastickinematic},
-    {"*MAT_RIGID", matrigid},
-    {"*MAT_SIMPLIFIED_JOHNSON_COOK", matsimpjohnsoncook},
+    {"*MAT_ELASTIC_PLASTIC_HYDRO", handler<matelasticplastichydro>, "Material Definition, type 10"},
+    {"*MAT_ELASTIC_", skipped, "", elastic_option},
+    {"*MAT_ELASTIC", handler<matelastic>, "Material Definition, type 1"},
+    {"*MAT_HIGH_EXPLOSIVE_BURN", handler<matheburn>, "Material Definition, type 8"},
+    {"*MAT_ISOTROPIC_ELASTIC_FAILURE", handler<matisotropicelasticfail>, "Material Definition, type 13"},
+    {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", handler<matisotropicelasticplas>, "Material Definition, type 12"},
+    {"*MAT_JOHNSON_COOK", handler<matjohnsoncook>, "Material Definition, type 15"},
+    {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", handler<matjohnsonholmquistceramic>, "Material Definition, type 43"},
+    {"*MAT_MOONEY-RIVLIN_RUBBER", handler<matmooney>, "Material Definition, type 27"},
+    {"*MAT_NULL", handler<matnull>, "Material Definition, type 9"},
+    {"*MAT_PLASTIC_KINEMATIC", handler<matplastickinematic>, "Material Definition, type 3"},
+    {"*MAT_RIGID", handler<matrigid>, "Material Definition, type 20"},
+    {"*MAT_SIMPLIFIED_JOHNSON_COOK", handler<matsimpjohnsoncook>, "Material Definition, type 15"},
     {"*MAT_VISCOELASTIC_THERMAL", skipped},
     {"*MAT_VISCOELASTIC_HILL_FOAM", skipped},
-    {"*MAT_VISCOELASTIC", matviscoelastic},
-    {"*MAT_STEINBERG_TITLE", matsteinberg},  // sic: without a title it is skipped
+    {"*MAT_VISCOELASTIC", handler<matviscoelastic>, "Material Definition, type 6"},
+    {"*MAT_STEINBERG_TITLE", handler<matsteinberg>,
+     "Material Definition, type 11"},  // sic: without a title it is skipped
     {"*MAT", skipped},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(material_rows));
 
-constexpr Conversion material_conversions[] = {
-    {matelasticplastichydro, "matelasticplastichydro", "Material Definition, type 10"},
-    {matelastic, "matelastic", "Material Definition, type 1"},
-    {matheburn, "matheburn", "Material Definition, type 8"},
-    {matisotropicelasticfail, "matisotropicelasticfail", "Material Definition, type 13"},
-    {matisotropicelasticplas, "matisotropicelasticplas", "Material Definition, type 12"},
-    {matjohnsoncook, "matjohnsoncook", "Material Definition, type 15"},
-    {matjohnsonholmquistceramic, "matjohnsonholmquistceramic", "Material Definition, type 43"},
-    {matmooney, "matmooney", "Material Definition, type 27"},
-    {matnull, "matnull", "Material Definition, type 9"},
-    {matplastickinematic, "matplastickinematic", "Material Definition, type 3"},
-    {matrigid, "matrigid", "Material Definition, type 20"},
-    {matsimpjohnsoncook, "matsimpjohnsoncook", "Material Definition, type 15"},
-    {matviscoelastic, "matviscoelastic", "Material Definition, type 6"},
-    {matsteinberg, "matsteinberg", "Material Definition, type 11"},
-};
 }  // namespace
 
-const Pass part_keywords{"parts", part_rows, part_conversions};
-const Pass section_keywords{"element sections", section_rows, section_conversions};
-const Pass eos_keywords{"equations of state", eos_rows, eos_conversions};
-const Pass failure_keywords{"failure definitions", failure_rows, failure_conversions};
-const Pass hourglass_keywords{"hourglass definitions", hourglass_rows, hourglass_conversions};
-const Pass material_keywords{"materials", material_rows, material_conversions};
+const Pass part_keywords{"parts", part_rows};
+const Pass section_keywords{"element sections", section_rows};
+const Pass eos_keywords{"equations of state", eos_rows};
+const Pass failure_keywords{"failure definitions", failure_rows};
+const Pass hourglass_keywords{"hourglass definitions", hourglass_rows};
+const Pass material_keywords{"materials", material_rows};
 
 void part_descriptions()
 {

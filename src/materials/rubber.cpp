@@ -13,11 +13,12 @@ void matmooney()
     Card card;
     Word mid;
     float ro, pr, a, b, ref;
-    first_card(card, mid, ro, pr, a, b, ref);
+    card.first(mid, ro, pr, a, b, ref);
     float sgl, sw, st, lcid;
-    another_card(card, sgl, sw, st, lcid);
+    card.another(sgl, sw, st, lcid);
 
-    write_material(mid, 27, ro, title);  // sic: but its failure definition is made as for type 6
+    write_material(mid, mtyp::mooney_rivlin_rubber, ro,
+                   title);  // sic: but its failure definition is made as for type 6
     write_group({{"a", a}, {"b", b}, {"nu", pr}});
     write_blank_slots(5);
 
@@ -32,9 +33,9 @@ void matviscoelastic()
     Card card;
     Word mid;
     float ro, bulk, g0, gi, beta;
-    first_card(card, mid, ro, bulk, g0, gi, beta);
+    card.first(mid, ro, bulk, g0, gi, beta);
 
-    write_material(mid, 6, ro, title);
+    write_material(mid, mtyp::viscoelastic, ro, title);
     write_singly({{"bulk", bulk},
                   {"g0", g0},
                   {"ginf", gi},

@@ -11,15 +11,15 @@ void matsteinberg()
     Card card;
     Word mid;
     float ro, g0, sigo, beta, n, gama, sigm;
-    first_card(card, mid, ro, g0, sigo, beta, n, gama, sigm);
+    card.first(mid, ro, g0, sigo, beta, n, gama, sigm);
     float b, bp, h, f, a, tmo, gamo, sa;
-    another_card(card, b, bp, h, f, a, tmo, gamo, sa);
+    card.another(b, bp, h, f, a, tmo, gamo, sa);
     float pc, spall, rp, flag, mmn, mmx, eco, ec1;
-    another_card(card, pc, spall, rp, flag, mmn, mmx, eco, ec1);
+    card.another(pc, spall, rp, flag, mmn, mmx, eco, ec1);
     float ec2, ec3, ec4, ec5, ec6, ec7, ec8, ec9;
-    another_card(card, ec2, ec3, ec4, ec5, ec6, ec7, ec8, ec9);
+    card.another(ec2, ec3, ec4, ec5, ec6, ec7, ec8, ec9);
 
-    write_material(mid, 11, ro, title);
+    write_material(mid, mtyp::steinberg, ro, title);
     write_group({{"G0", g0},
                  {"sigma0", sigo},
                  {"beta", beta},

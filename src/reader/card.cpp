@@ -69,23 +69,18 @@ void skip_title()
 bool Card::next()
 {
     if (begun_) infile.skip_line();
-    if (last_ || skip_comments() == '*') return false;
+    if ((cards_ == Cards::one && taken_) || skip_comments() == '*') return false;
     begun_ = true;
+    taken_ = true;
     open_ = 1;
     return true;
 }
 
-void Card::first()
+void Card::begin()
 {
     skip_comments();
     begun_ = true;
     open_ = 1;
-}
-
-void Card::another()
-{
-    if (begun_) infile.skip_line();
-    first();
 }
 
 bool Card::take_line(std::string_view& line)

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "reader/run.h"
+
 // The field readers work on infile. `open` is the card's line-still-open flag: 1 before its first field; a reader that
 // meets the line's end sets it to 0, leaves the newline unread, and from then on every field of the card is empty.
 // A field whose last column is blank is empty, whatever stands to its left. Widths are at most 40.
@@ -31,31 +33,57 @@ struct Word {
     char text[11];
 };
 
+// How many cards (or groups of cards) of a block are converted. sic: behind a title or an ID card it is often one.
+enum class Cards { all, one };
+
 // The cards of one block. For a block of any number of cards:
 //
-//     for (Card card; card.next();) { const int id = card.integer(); ... }
+//     for (Card card; card.next();) {
+//         int id;
+//         float x, y;
+//         card.read(id, x, y);
 //
 // and for a fixed card, or the further cards of a group, which are read without a test for a keyword line:
 //
 //     Card card;
-//     card.first();    ...    card.another();    ...
+//     card.first(id, x, y);    ...    card.another(z);    ...
 //
-// Read fields one a statement or in a braced list: function arguments have no order.
+// The fields of a list are read in its order, ten columns each, as its variables' types say: a number as int or float,
+// an identifier as Word. Single fields, and those of other widths, are read one a statement or in a braced list, since
+// function arguments have no order.
 class Card
 {
 public:
+    explicit Card(Cards cards = Cards::all) : cards_(cards) {}
+
     // Ends the line of the card before, if there was one, skips comment lines, and begins the next card; false at a
-    // keyword line, which stays unread.
+    // keyword line, which stays unread, and behind the first card where one card is all.
     bool next();
 
-    // When `last` holds, the card that was begun ends the block: next ends its line and is false, whatever follows.
-    void last_if(bool last) { last_ = last; }
+    // Skips comment lines, begins a card, whatever its first character, and reads its fields.
+    template <class... Fields>
+    void first(Fields&... fields)
+    {
+        begin();
+        read(fields...);
+    }
 
-    // Skips comment lines and begins a card, whatever its first character.
-    void first();
+    // Discards the rest of the line, skips comment lines, begins a further card, whatever its first character, and
+    // reads its fields.
+    template <class... Fields>
+    void another(Fields&... fields)
+    {
+        if (begun_) infile.skip_line();
+        begin();
+        read(fields...);
+    }
 
-    // Discards the rest of the line, skips comment lines, and begins a further card, whatever its first character.
-    void another();
+    // Reads the card's next fields.
+    template <class... Fields>
+    void read(Fields&... fields)
+    {
+        (read_field(fields), ...);
+    }
 
     // Discards the rest of the line, its newline included.
     static void end_line();
@@ -72,7 +100,13 @@ public:
     Word word();
 
 private:
+    void begin();
+    void read_field(int& field) { field = integer(); }
+    void read_field(float& field) { field = real(); }
+    void read_field(Word& field) { field = word(); }
+
+    Cards cards_;
     int open_ = 0;
-    bool begun_ = false;
-    bool last_ = false;
+    bool begun_ = false;  // a card was begun, and the rest of its line is unread
+    bool taken_ = false;  // a card was begun
 };

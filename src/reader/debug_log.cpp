@@ -1,5 +1,8 @@
 #include "reader/debug_log.h"
 
+#include <cstdarg>
+#include <cstdio>
+
 #include "reader/run.h"
 
 void log_recognized()
@@ -25,7 +28,7 @@ void log_unused_heading()
 void log_field(const Field& field)
 {
     if (field.is_real)
-        print(outfile, "%10s:%10.3e\n", field.name, static_cast<double>(field.real));
+        print(outfile, "%10s:%10.3e\n", field.name, field.real);
     else
         print(outfile, "%10s:%10i\n", field.name, field.integer);
 }
@@ -38,4 +41,12 @@ void log_unused(std::initializer_list<Field> fields)
     }
     log_unused_heading();
     for (const Field& field : fields) log_field(field);
+}
+
+void warn(const char* format, ...)
+{
+    std::va_list values;
+    va_start(values, format);
+    std::vprintf(format, values);
+    va_end(values);
 }

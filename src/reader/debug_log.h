@@ -1,4 +1,4 @@
-// The lines that handlers write into the debug log.
+// What handlers tell: their lines in the debug log, and warnings on the terminal.
 #pragma once
 
 #include <initializer_list>
@@ -29,3 +29,6 @@ void log_field(const Field& field);
 
 // The heading and a line for each field; "no unused variables" when there is none.
 void log_unused(std::initializer_list<Field> fields);
+
+// Tells the terminal of a value that the solver does not take, or of what is missing, as printf does.
+[[gnu::format(printf, 1, 2)]] void warn(const char* format, ...);

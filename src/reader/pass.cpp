@@ -1,34 +1,28 @@
 #include "reader/pass.h"
 
-#include "reader/debug_log.h"
 #include "reader/keyword.h"
 #include "reader/run.h"
 
-void skipped()
+namespace
 {
-    log_skipped();
-}
-
-void passed_over()
+// The row that the keyword line in cbuffer matches; null when there is none.
+const PassRow* matching_row(const Pass& pass)
 {
+    for (const PassRow& row : pass.rows)
+        if (keyword_is(row.prefix) && (row.only_if.holds == nullptr || row.only_if.holds())) return &row;
+    return nullptr;
 }
-
-void end_of_pass()
-{
-}
+}  // namespace
 
 void run_pass(const Pass& pass)
 {
     infile.rewind();
     for (;;) {
         keyword();
-        const std::string_view line = cbuffer;
-        for (const PassRow& row : pass.rows) {
-            if (!line.starts_with(row.prefix) || (row.only_if != nullptr && !row.only_if())) continue;
-            if (row.action == end_of_pass) return;
-            row.action();
-            break;
-        }
+        const PassRow* const row = matching_row(pass);
+        if (row == nullptr) continue;
+        if (row->action.outcome == Outcome::end_of_pass) return;
+        row->action.run();
     }
 }
 

@@ -5,31 +5,58 @@
 #include <span>
 #include <string_view>
 
-// The length of `prefix` is the comparison length. `only_if`, when there is one, must hold too for the row to match.
-struct PassRow {
-    std::string_view prefix;
-    void (*action)();
-    bool (*only_if)() = nullptr;
+#include "reader/debug_log.h"
+
+enum class Outcome { converted, skipped, passed_over, end_of_pass };
+
+// What a row does with its keyword: the outcome, what runs for it, and the name of the handler, for people.
+struct Action {
+    Outcome outcome;
+    void (*run)() = nullptr;
+    std::string_view procedure = {};
 };
 
-// What an action of a table does, for people: the procedure behind it, and the lines that it writes.
-struct Conversion {
-    void (*action)();
-    std::string_view procedure;
-    std::string_view writes;
+// A procedure's name as the compiler knows it, without the namespaces that it stands in.
+template <auto procedure>
+constexpr std::string_view procedure_name()
+{
+    // "... [with auto procedure = part; ...]" or "... [procedure = &part]"
+    const std::string_view function = __PRETTY_FUNCTION__;
+    constexpr std::string_view label = "procedure = ";
+    std::string_view name = function.substr(function.find(label) + label.size());
+    name = name.substr(0, name.find_first_of(";]"));
+    const std::size_t before = name.find_last_of("&:");
+    return before == std::string_view::npos ? name : name.substr(before + 1);
+}
+
+// A keyword's handler, and its arguments where it takes some: handler<part>, handler<setcard, SetType::node>.
+template <auto procedure, auto... arguments>
+inline constexpr Action handler{Outcome::converted, [] { procedure(arguments...); }, procedure_name<procedure>()};
+
+inline constexpr Action skipped{Outcome::skipped, log_skipped};    // a line in the debug log
+inline constexpr Action passed_over{Outcome::passed_over, [] {}};  // nothing at all
+inline constexpr Action end_of_pass{Outcome::end_of_pass};
+
+// What must hold, beside the prefix, for a row to match; in words for people.
+struct Condition {
+    std::string_view words = {};
+    bool (*holds)() = nullptr;  // null: it always holds
+};
+
+// One row of a table. The length of `prefix` is the comparison length. `writes` tells people which lines the handler
+// writes.
+struct PassRow {
+    std::string_view prefix;
+    Action action;
+    std::string_view writes = {};
+    Condition only_if = {};
 };
 
 // A table with a name for people.
 struct Pass {
     std::string_view name;
     std::span<const PassRow> rows;
-    std::span<const Conversion> conversions = {};
 };
-
-// Actions that are no handlers.
-void skipped();      // the debug log gets "skipped"
-void passed_over();  // nothing at all
-void end_of_pass();
 
 // Rewinds infile and acts on each keyword line until a row ends the pass. A keyword that matches no row is passed over.
 void run_pass(const Pass& pass);
@@ -49,6 +76,7 @@ constexpr bool every_row_reachable(std::span<const PassRow> rows)
         if (row.prefix.size() > longest_prefix) return false;
     for (std::size_t later = 0; later < rows.size(); ++later)
         for (std::size_t earlier = 0; earlier < later; ++earlier)
-            if (rows[earlier].only_if == nullptr && rows[later].prefix.starts_with(rows[earlier].prefix)) return false;
+            if (rows[earlier].only_if.holds == nullptr && rows[later].prefix.starts_with(rows[earlier].prefix))
+                return false;
     return true;
 }

@@ -66,6 +66,17 @@ inline constinit int amrflag = 0;
 inline constinit int sphflag = 0;
 inline constinit int plotflag = 0;
 inline constinit int accelflag = 0;
+
+// What two of them ask for; every section has the same two gates.
+inline bool comprehensive()  // inactive settings and templates, too
+{
+    return defflag == 1;
+}
+inline bool standalone()  // no standards include file supplies the solver's settings
+{
+    return stndflag == 0;
+}
+
 inline constinit int debflag = 0;  // always 1: the debug log is always written
 inline constinit int edflag = 0;   // 1: some material asks for element deletion; nothing reads it
 
