@@ -53,14 +53,14 @@ std::string quoted(std::string_view code)
 
 std::string what_becomes_of(const PassRow& row)
 {
-    switch (row.action.outcome) {
-    case Outcome::skipped:
+    switch (row.action.treatment) {
+    case Treatment::skipped:
         return "skipped";
-    case Outcome::passed_over:
+    case Treatment::passed_over:
         return "passed over";
-    case Outcome::end_of_pass:
+    case Treatment::end_of_pass:
         return "ends the pass";
-    case Outcome::converted:
+    case Treatment::converted:
         break;
     }
     return quoted(row.action.procedure).append(": ").append(row.writes);

@@ -25,7 +25,7 @@ void coordnodes2accel()
     const bool titled = keyword_is("*DEFINE_COORDINATE_NODES_TITLE");
     const Title title = titled ? readtitle() : Title{""};
     const auto title_length = static_cast<int>(std::strlen(title.text));
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
         [[maybe_unused]] const int cid = card.integer();
         const int n1 = card.integer();
         const int n2 = card.integer();

@@ -49,7 +49,7 @@ void bprescribedmotion()
         keyword_is("*BOUNDARY_PRESCRIBED_MOTION_SET_ID") || keyword_is("*BOUNDARY_PRESCRIBED_MOTION_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all);
+    for (Card card(titled ? one_card : all_cards);
          card.next();) {  // sic: only the first card behind a title, also when refused
         PrescribedMotion motion{};
         motion.id = card.integer();
@@ -128,7 +128,7 @@ void bspc()
     const bool titled = keyword_is("*BOUNDARY_SPC_SET_ID") || keyword_is("*BOUNDARY_SPC_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
         const Spc spc = read_spc(card);
 
         log_recognized();

@@ -14,7 +14,7 @@ void definebox()
                         keyword_is("*DEFINE_BOX_COARSEN_TITLE") || keyword_is("*DEFINE_BOX_SPH_TITLE");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first box behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first box behind a title
         const int boxid = card.integer();
         const float xmn = card.real();
         const float xmx = card.real();

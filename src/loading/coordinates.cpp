@@ -11,7 +11,7 @@ void definecoordnodes()
     const bool titled = keyword_is("*DEFINE_COORDINATE_NODES_TITLE");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first system behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first system behind a title
         const int cid = card.integer();
         const int n1 = card.integer();
         const int n2 = card.integer();
@@ -35,7 +35,7 @@ void definecoordsystem()
     const bool titled = keyword_is("*DEFINE_COORDINATE_SYSTEM_TITLE");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first system behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first system behind a title
         const int cid = card.integer();
         const Vector origin = read_vector(card);
         const Vector on_x_axis = read_vector(card);

@@ -125,7 +125,7 @@ void loadsegset()
     const bool titled = keyword_is("*LOAD_SEGMENT_SET_ID");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
         const int ssid = card.integer();
         const int lcid = card.integer();
         const float sf = card.real();
@@ -151,7 +151,7 @@ void loadseg()
     const bool titled = keyword_is("*LOAD_SEGMENT_ID");
     if (titled) skip_title();
 
-    for (Card card(titled ? Cards::one : Cards::all); card.next();) {  // sic: only the first card behind a title
+    for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
         const int lcid = card.integer();
         const float sf = card.real();
         const float at = card.real();

@@ -69,7 +69,7 @@ void skip_title()
 bool Card::next()
 {
     if (begun_) infile.skip_line();
-    if ((cards_ == Cards::one && taken_) || skip_comments() == '*') return false;
+    if ((count_ == one_card && taken_) || skip_comments() == '*') return false;
     begun_ = true;
     taken_ = true;
     open_ = 1;

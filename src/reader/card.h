@@ -34,7 +34,7 @@ struct Word {
 };
 
 // How many cards (or groups of cards) of a block are converted. sic: behind a title or an ID card it is often one.
-enum class Cards { all, one };
+enum CardCount { all_cards, one_card };
 
 // The cards of one block. For a block of any number of cards:
 //
@@ -54,7 +54,7 @@ enum class Cards { all, one };
 class Card
 {
 public:
-    explicit Card(Cards cards = Cards::all) : cards_(cards) {}
+    explicit Card(CardCount count = all_cards) : count_(count) {}
 
     // Ends the line of the card before, if there was one, skips comment lines, and begins the next card; false at a
     // keyword line, which stays unread, and behind the first card where one card is all.
@@ -105,7 +105,7 @@ private:
     void read_field(float& field) { field = real(); }
     void read_field(Word& field) { field = word(); }
 
-    Cards cards_;
+    CardCount count_;
     int open_ = 0;
     bool begun_ = false;  // a card was begun, and the rest of its line is unread
     bool taken_ = false;  // a card was begun

@@ -21,7 +21,7 @@ void run_pass(const Pass& pass)
         keyword();
         const PassRow* const row = matching_row(pass);
         if (row == nullptr) continue;
-        if (row->action.outcome == Outcome::end_of_pass) return;
+        if (row->action.treatment == Treatment::end_of_pass) return;
         row->action.run();
     }
 }

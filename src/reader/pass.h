@@ -7,11 +7,11 @@
 
 #include "reader/debug_log.h"
 
-enum class Outcome { converted, skipped, passed_over, end_of_pass };
+enum class Treatment { converted, skipped, passed_over, end_of_pass };
 
-// What a row does with its keyword: the outcome, what runs for it, and the name of the handler, for people.
+// What a row does with its keyword: how it is treated, what runs for it, and the name of the handler, for people.
 struct Action {
-    Outcome outcome;
+    Treatment treatment;
     void (*run)() = nullptr;
     std::string_view procedure = {};
 };
@@ -31,11 +31,11 @@ constexpr std::string_view procedure_name()
 
 // A keyword's handler, and its arguments where it takes some: handler<part>, handler<setcard, SetType::node>.
 template <auto procedure, auto... arguments>
-inline constexpr Action handler{Outcome::converted, [] { procedure(arguments...); }, procedure_name<procedure>()};
+inline constexpr Action handler{Treatment::converted, [] { procedure(arguments...); }, procedure_name<procedure>()};
 
-inline constexpr Action skipped{Outcome::skipped, log_skipped};    // a line in the debug log
-inline constexpr Action passed_over{Outcome::passed_over, [] {}};  // nothing at all
-inline constexpr Action end_of_pass{Outcome::end_of_pass};
+inline constexpr Action skipped{Treatment::skipped, log_skipped};    // a line in the debug log
+inline constexpr Action passed_over{Treatment::passed_over, [] {}};  // nothing at all
+inline constexpr Action end_of_pass{Treatment::end_of_pass};
 
 // What must hold, beside the prefix, for a row to match; in words for people.
 struct Condition {

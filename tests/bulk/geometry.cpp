@@ -517,7 +517,7 @@ TEST_F(Geometry, RowsOfTheTables)
     EXPECT_EQ(sph_element_keywords.rows.size(), 2U);
     for (const Pass* pass : {&node_keywords, &shell_keywords, &solid_keywords, &sph_element_keywords}) {
         ASSERT_NE(first_match(*pass, "*ENDING"), nullptr);
-        EXPECT_EQ(first_match(*pass, "*ENDING")->action, end_of_pass);
+        EXPECT_EQ(first_match(*pass, "*ENDING")->action.treatment, Treatment::end_of_pass);
         EXPECT_EQ(first_match(*pass, "*EN"), nullptr);
         EXPECT_EQ(first_match(*pass, "*MAT"), nullptr);
     }

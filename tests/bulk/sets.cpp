@@ -486,7 +486,7 @@ TEST_F(Sets, OneCharacterLessAndTheKeywordIsConverted)
 TEST_F(Sets, RowsOfTheTable)
 {
     EXPECT_EQ(set_keywords.rows.size(), 22U);
-    EXPECT_EQ(first_match(set_keywords, "*ENDING")->action, end_of_pass);
+    EXPECT_EQ(first_match(set_keywords, "*ENDING")->action.treatment, Treatment::end_of_pass);
     EXPECT_EQ(first_match(set_keywords, "*SE"), nullptr);
     EXPECT_EQ(first_match(set_keywords, "*NODE"), nullptr);
 }

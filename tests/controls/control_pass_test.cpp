@@ -12,40 +12,6 @@ TEST_F(ControlPass, KeywordsThatAreConvertedAreLoggedAsRecognized)
         EXPECT_EQ(first_log_line(control_keywords, keyword), keyword + " . . . recognized keyword");
 }
 
-TEST_F(ControlPass, EachRowCallsItsHandler)
-{
-    const std::pair<const char*, void (*)()> rows[] = {
-        {"*TITLE", titlecard},
-        {"*CONTROL_BULK_VISCOSITY", cviscosity},
-        {"*CONTROL_CONTACT", ccontact},
-        {"*CONTROL_HOURGLASS", chourglass},
-        {"*CONTROL_SOLUTION", csolution},
-        {"*CONTROL_SPH", passed_over},
-        {"*CONTROL_TERMINATION", term},
-        {"*CONTROL_TIMESTEP", tstep},
-        {"*CONTROL_ENERGY", skipped},
-        {"*DATABASE_BINARY_D3DUMP", database_dump},
-        {"*DATABASE_BINARY_D3PLOT", database_plot},
-        {"*DATABASE_BINARY_RUNRSF", database_runrsf},
-        {"*DATABASE_HISTORY_NODE_SET", passed_over},
-        {"*DATABASE_HISTORY_SOLID_SET", passed_over},
-        {"*DATABASE_HISTORY_SHELL_SET", passed_over},
-        {"*DATABASE_HISTORY_NODE", passed_over},
-        {"*DATABASE_HISTORY_SOLID", passed_over},
-        {"*DATABASE_HISTORY_SHELL", passed_over},
-        {"*DATABASE_NODOUT", database},
-        {"*DATABASE_ELOUT", database},
-        {"*DATABASE_GLSTAT", skipped},
-        {"*END", end_of_pass},
-    };
-    ASSERT_EQ(std::size(rows), control_keywords.rows.size());
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        const PassRow* const row = first_match(control_keywords, rows[i].first);
-        EXPECT_EQ(row, &control_keywords.rows[i]) << rows[i].first;
-        EXPECT_EQ(row->action, rows[i].second) << rows[i].first;
-    }
-}
-
 TEST_F(ControlPass, OneCharacterOffIsAnotherKeyword)
 {
     for (const std::string keyword :

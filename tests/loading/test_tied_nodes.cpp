@@ -74,13 +74,10 @@ TEST_F(TiedNodes, SecondBlockWritesNoSecondHeadLine)
 
 TEST_F(TiedNodes, CountsOnFromTheGivenCount)
 {
-    int number = 0;
-    static int* result = nullptr;
-    result = &number;
-    const Written out =
-        convert_block([] { *result = surfcon2tnodes(5); },
-                      "*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_ID\n         1 glue\n" + blank_contact_cards + "*END\n");
-    EXPECT_EQ(number, 6);
+    counts.tied_nodes = 5;
+    const Written out = convert_block(surfcon2tnodes, "*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_ID\n         1 glue\n" +
+                                                          blank_contact_cards + "*END\n");
+    EXPECT_EQ(counts.tied_nodes, 6);
     EXPECT_EQ(out.deck, blank_definition("glue"));
 }
 

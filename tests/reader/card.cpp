@@ -393,7 +393,7 @@ TEST_F(Cards, LoopEndsBehindTheLineOfItsLastCard)
 {
     read("         1 and more\n         2\n*NEXT\n");
     std::vector<int> values;
-    for (Card card; card.next(); card.last_if(true)) values.push_back(card.integer());
+    for (Card card(one_card); card.next();) values.push_back(card.integer());
     EXPECT_EQ(values, (std::vector{1}));
     EXPECT_EQ(following(10), "         2");
 }
@@ -401,14 +401,14 @@ TEST_F(Cards, LoopEndsBehindTheLineOfItsLastCard)
 TEST_F(Cards, LoopWhoseLastCardIsMissingEndsAtTheKeywordLine)
 {
     read("$ c\n*NEXT\n");
-    for (Card card; card.next(); card.last_if(true)) ADD_FAILURE();
+    for (Card card(one_card); card.next();) ADD_FAILURE();
     EXPECT_EQ(following(5), "*NEXT");
 }
 
 TEST_F(Cards, LastCardMayHaveFurtherCards)
 {
     read("         1\n         2 and more\n         3\n*NEXT\n");
-    for (Card card; card.next(); card.last_if(true)) {
+    for (Card card(one_card); card.next();) {
         EXPECT_EQ(card.integer(), 1);
         card.another();
         EXPECT_EQ(card.integer(), 2);

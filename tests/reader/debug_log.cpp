@@ -16,10 +16,10 @@ class DebugLog : public testing::Test
 protected:
     void SetUp() override { reset_run(); }
 
-    template <class Action>
-    static std::string log_of(Action action)
+    template <class Procedure>
+    static std::string log_of(Procedure procedure)
     {
-        return convert_block(action, "*mat_elastic (1)\n").log;
+        return convert_block(procedure, "*mat_elastic (1)\n").log;
     }
 };
 }  // namespace

@@ -28,10 +28,7 @@ void read_cards()
 {
     for (Card card; card.next();) trace += std::to_string(card.integer()) + ",";
 }
-bool when_switched()
-{
-    return switched == 1;
-}
+constexpr Condition when_switched{"when switched", [] { return switched == 1; }};
 void switch_on()
 {
     switched = 1;
@@ -58,14 +55,15 @@ protected:
 TEST_F(Passes, FirstRowThatMatchesDecides)
 {
     static constexpr PassRow rows[] = {
-        {"*NODE_RIGID", passed_over}, {"*NODE", note_a}, {"*END", end_of_pass}, {"*", note_b}};
+        {"*NODE_RIGID", passed_over}, {"*NODE", handler<note_a>}, {"*END", end_of_pass}, {"*", handler<note_b>}};
     pass_over(rows, "*NODE\n*NODE_RIGID\n*NODE_X\n*NOD\n*END\n");
     EXPECT_EQ(trace, "a(*NODE)a(*NODE_X)b(*NOD)");
 }
 
 TEST_F(Passes, RowIsAPrefixOfItsOwnLength)
 {
-    static constexpr PassRow rows[] = {{{"*DEFINE_BOX", 10}, note_a}, {"*DEFINE_BOX", note_b}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {
+        {{"*DEFINE_BOX", 10}, handler<note_a>}, {"*DEFINE_BOX", handler<note_b>}, {"*END", end_of_pass}};
     static_assert(!every_row_reachable(rows));
     pass_over(rows, "*DEFINE_BOX\n*DEFINE_BOAT\n*DEFINE_B\n*define_bottle\n*END\n");
     EXPECT_EQ(trace, "a(*DEFINE_BOX)a(*DEFINE_BOAT)a(*DEFINE_BOTTLE)");
@@ -73,15 +71,17 @@ TEST_F(Passes, RowIsAPrefixOfItsOwnLength)
 
 TEST_F(Passes, KeywordShorterThanARowDoesNotMatchIt)
 {
-    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}};
     pass_over(rows, "*NOD\n*\n*NODE\n*END\n");
     EXPECT_EQ(trace, "a(*NODE)");
 }
 
 TEST_F(Passes, RowWhoseConditionFailsIsNotThere)
 {
-    static constexpr PassRow rows[] = {
-        {"*SWITCH", switch_on}, {"*NODE", note_a, when_switched}, {"*NODE", note_b}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*SWITCH", handler<switch_on>},
+                                       {"*NODE", handler<note_a>, "", when_switched},
+                                       {"*NODE", handler<note_b>},
+                                       {"*END", end_of_pass}};
     static_assert(every_row_reachable(rows));
     pass_over(rows, "*NODE\n*SWITCH\n*NODE\n*END\n");
     EXPECT_EQ(trace, "b(*NODE)a(*NODE)");
@@ -89,7 +89,7 @@ TEST_F(Passes, RowWhoseConditionFailsIsNotThere)
 
 TEST_F(Passes, EndRowStopsAtOnceAndWhatFollowsIsNotRead)
 {
-    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}};
     const Written written = pass_over(rows, "*NODE\n*ENDING\n*NODE\n*END\n");
     EXPECT_EQ(trace, "a(*NODE)");
     EXPECT_EQ(written.log, "");
@@ -97,15 +97,17 @@ TEST_F(Passes, EndRowStopsAtOnceAndWhatFollowsIsNotRead)
 
 TEST_F(Passes, AnyRowMayEndThePass)
 {
-    static constexpr PassRow rows[] = {
-        {"*STOP", end_of_pass, when_switched}, {"*SWITCH", switch_on}, {"*NODE", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*STOP", end_of_pass, "", when_switched},
+                                       {"*SWITCH", handler<switch_on>},
+                                       {"*NODE", handler<note_a>},
+                                       {"*END", end_of_pass}};
     pass_over(rows, "*STOP\n*NODE\n*SWITCH\n*STOP\n*NODE\n*END\n");
     EXPECT_EQ(trace, "a(*NODE)");
 }
 
 TEST_F(Passes, PassBeginsAtTheBeginningOfTheDeck)
 {
-    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}};
     convert(
         [] {
             run_pass({"test", rows});
@@ -128,42 +130,43 @@ TEST_F(Passes, SkippedKeywordIsLoggedAndUnmatchedOnesAreNot)
 
 TEST_F(Passes, HandlersReadTheirCardsAndLeaveTheNextKeywordToThePass)
 {
-    static constexpr PassRow rows[] = {{"*A", read_cards}, {"*B", note_b}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*A", handler<read_cards>}, {"*B", handler<note_b>}, {"*END", end_of_pass}};
     pass_over(rows, "$\n*A\n         1\n$\n         2\n*B\n         3\n*A\n*A\n         4\n*END\n         5\n");
     EXPECT_EQ(trace, "1,2,b(*B)4,");
 }
 
 TEST_F(Passes, DataLinesOfBlocksThatNobodyReadsArePassedOver)
 {
-    static constexpr PassRow rows[] = {{"*B", note_b}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*B", handler<note_b>}, {"*END", end_of_pass}};
     pass_over(rows, "1\n*A\n *B\n1*B\n$*B\n*B\n*END\n");
     EXPECT_EQ(trace, "b(*B)");
 }
 
 TEST_F(Passes, DeckWithoutEndEndsThePass)
 {
-    static constexpr PassRow rows[] = {{"*A", read_cards}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*A", handler<read_cards>}, {"*END", end_of_pass}};
     for (const char* deck : {"", "\n", "*A", "*A\n", "*A\n         1", "no keyword at all"}) pass_over(rows, deck);
     EXPECT_EQ(trace, "1,");
 }
 
 TEST_F(Passes, LowerCaseKeywordsMatch)
 {
-    static constexpr PassRow rows[] = {{"*NODE", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}};
     pass_over(rows, "*node\n*end\n*NODE\n");
     EXPECT_EQ(trace, "a(*NODE)");
 }
 
 TEST_F(Passes, NestedPassRestoresThePositionForTheOuterOne)
 {
-    static constexpr PassRow inner[] = {{"*C", note_a}, {"*END", end_of_pass}};
+    static constexpr PassRow inner[] = {{"*C", handler<note_a>}, {"*END", end_of_pass}};
     static constexpr PassRow outer[] = {{"*A",
-                                         [] {
-                                             const Position position = infile.position();
-                                             run_pass({"inner", inner});
-                                             infile.seek(position);
-                                         }},
-                                        {"*B", note_b},
+                                         {Treatment::converted,
+                                          [] {
+                                              const Position position = infile.position();
+                                              run_pass({"inner", inner});
+                                              infile.seek(position);
+                                          }}},
+                                        {"*B", handler<note_b>},
                                         {"*END", end_of_pass}};
     pass_over(outer, "*A\n*B\n*C\n*A\n*B\n*END\n");
     EXPECT_EQ(trace, "a(*C)b(*B)a(*C)b(*B)");
@@ -171,25 +174,45 @@ TEST_F(Passes, NestedPassRestoresThePositionForTheOuterOne)
 
 TEST_F(Passes, FirstMatchLooksPastConditions)
 {
-    static constexpr PassRow rows[] = {{"*NODE_RIGID", skipped}, {"*NODE", note_a, when_switched}, {"*NODE", note_b}};
+    static constexpr PassRow rows[] = {
+        {"*NODE_RIGID", skipped}, {"*NODE", handler<note_a>, "", when_switched}, {"*NODE", handler<note_b>}};
     const Pass pass{"test", rows};
     EXPECT_EQ(first_match(pass, "*NODE_RIGID_SURFACE"), &rows[0]);
     EXPECT_EQ(first_match(pass, "*NODE_X"), &rows[1]);
     EXPECT_EQ(first_match(pass, "*NOD"), nullptr);
 }
 
+namespace
+{
+void note_number(int number)
+{
+    trace += std::to_string(number);
+}
+}  // namespace
+
+TEST_F(Passes, HandlersHaveTheNamesOfTheirProceduresAndTakeTheirArguments)
+{
+    EXPECT_EQ(handler<note_a>.procedure, "note_a");
+    EXPECT_EQ((handler<note_number, 7>.procedure), "note_number");
+    EXPECT_EQ(skipped.procedure, "");
+    handler<note_number, 7>.run();
+    EXPECT_EQ(trace, "7");
+}
+
 // ---- tables whose rows hide each other -----------------------------------------------------------------------------
 
 namespace
 {
-constexpr PassRow specific_first[] = {{"*NODE_RIGID", skipped}, {"*NODE", note_a}, {"*END", end_of_pass}};
-constexpr PassRow prefix_first[] = {{"*NODE", note_a}, {"*NODE_RIGID", skipped}, {"*END", end_of_pass}};
-constexpr PassRow twice[] = {{"*NODE", note_a}, {"*END", end_of_pass}, {"*NODE", note_b}};
-constexpr PassRow conditional_prefix_first[] = {{"*NODE", note_a, when_switched}, {"*NODE_RIGID", skipped}};
-constexpr PassRow hidden_condition[] = {{"*NODE", note_a}, {"*NODE_RIGID", skipped, when_switched}};
-constexpr PassRow cut_row_hides[] = {{{"*SET_SHELL_LIST_GENERATE", 19}, skipped}, {"*SET_SHELL_LIST_GENERAL", note_a}};
-constexpr PassRow all_last[] = {{"*NODE", note_a}, {"", skipped}};
-constexpr PassRow all_first[] = {{"", skipped}, {"*NODE", note_a}};
+constexpr PassRow specific_first[] = {{"*NODE_RIGID", skipped}, {"*NODE", handler<note_a>}, {"*END", end_of_pass}};
+constexpr PassRow prefix_first[] = {{"*NODE", handler<note_a>}, {"*NODE_RIGID", skipped}, {"*END", end_of_pass}};
+constexpr PassRow twice[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}, {"*NODE", handler<note_b>}};
+constexpr PassRow conditional_prefix_first[] = {{"*NODE", handler<note_a>, "", when_switched},
+                                                {"*NODE_RIGID", skipped}};
+constexpr PassRow hidden_condition[] = {{"*NODE", handler<note_a>}, {"*NODE_RIGID", skipped, "", when_switched}};
+constexpr PassRow cut_row_hides[] = {{{"*SET_SHELL_LIST_GENERATE", 19}, skipped},
+                                     {"*SET_SHELL_LIST_GENERAL", handler<note_a>}};
+constexpr PassRow all_last[] = {{"*NODE", handler<note_a>}, {"", skipped}};
+constexpr PassRow all_first[] = {{"", skipped}, {"*NODE", handler<note_a>}};
 static_assert(every_row_reachable(specific_first));
 static_assert(!every_row_reachable(prefix_first));
 static_assert(!every_row_reachable(twice));
