@@ -1,5 +1,5 @@
 // "AMR Section": the lines of each kind of deck.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using Amr = Controls;
 

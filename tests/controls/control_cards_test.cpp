@@ -1,5 +1,5 @@
 // *TITLE and the *CONTROL keywords: what they store, log and announce.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using TitleCard = Controls;
 

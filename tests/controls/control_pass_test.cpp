@@ -1,5 +1,5 @@
 // Which keyword does what in the pass that collects the run settings.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using ControlPass = Controls;
 

@@ -1,5 +1,5 @@
 // The *DATABASE keywords of the control pass: what they store, log and announce.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using HistoryInterval = Controls;
 

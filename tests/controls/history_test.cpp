@@ -1,5 +1,5 @@
 // *DATABASE_HISTORY keywords in the main deck.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using History = Controls;
 

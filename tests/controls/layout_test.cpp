@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "lines.h"
+#include "support/control_lines.h"
 
 using Layout = Controls;
 

@@ -1,7 +1,7 @@
 // "Plot Options".
 #include <vector>
 
-#include "lines.h"
+#include "support/control_lines.h"
 
 using PlotOptions = Controls;
 

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "lines.h"
+#include "support/control_lines.h"
 
 namespace
 {

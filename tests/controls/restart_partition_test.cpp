@@ -1,5 +1,5 @@
 // "Restart Control Section" and "Partition Section".
-#include "lines.h"
+#include "support/control_lines.h"
 
 using Restart = Controls;
 using Partition = Controls;

@@ -1,5 +1,5 @@
 // *CONTROL_SPH, and the search for parts that are made of particles.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using ControlSph = Controls;
 

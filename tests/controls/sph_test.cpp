@@ -1,5 +1,5 @@
 // "SPH Control Section": the lines of each kind of deck, and the values of the keyword deck.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using Sph = Controls;
 

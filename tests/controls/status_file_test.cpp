@@ -1,5 +1,5 @@
 // "Status File Control Section".
-#include "lines.h"
+#include "support/control_lines.h"
 
 using StatusFile = Controls;
 

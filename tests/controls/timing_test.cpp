@@ -1,5 +1,5 @@
 // "Timing and Data Control Section": the lines of each kind of deck, and the values that the keyword deck decides.
-#include "lines.h"
+#include "support/control_lines.h"
 
 using Timing = Controls;
 

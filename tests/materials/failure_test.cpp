@@ -1,5 +1,5 @@
-#include "materials_test.h"
 #include "reader/run.h"
+#include "support/material_lines.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 #include <sstream>
 #include <vector>
 
-#include "materials_test.h"
+#include "support/material_lines.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include <string_view>
 
-#include "materials_test.h"
 #include "reader/run.h"
+#include "support/material_lines.h"
 
 namespace
 {

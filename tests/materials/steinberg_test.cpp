@@ -1,4 +1,4 @@
-#include "materials_test.h"
+#include "support/material_lines.h"
 
 namespace
 {

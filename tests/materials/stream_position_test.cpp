@@ -1,6 +1,6 @@
 // A handler leaves the deck where its last field ended, and what stands there may be the next keyword line: these tests
 // put one there, and so pin how many fields of which card are read, the unused ones included.
-#include "materials_test.h"
+#include "support/material_lines.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "runs.h"
+#include "support/runs.h"
 
 #include <fcntl.h>
 #include <poll.h>

@@ -1,5 +1,5 @@
-#include "loading/fresh_run.h"
 #include "loading/loading.h"
+#include "support/fresh_run.h"
 
 namespace
 {

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "runs.h"
+#include "support/runs.h"
 
 namespace fs = std::filesystem;
 

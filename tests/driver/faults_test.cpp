@@ -10,7 +10,7 @@
 #include <string_view>
 #include <thread>
 
-#include "runs.h"
+#include "support/runs.h"
 
 namespace fs = std::filesystem;
 

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "bulk/bulk.h"
-#include "bulk/every_way.h"
 #include "reader/run.h"
+#include "support/every_way.h"
 
 namespace
 {

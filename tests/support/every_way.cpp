@@ -1,4 +1,4 @@
-#include "bulk/every_way.h"
+#include "support/every_way.h"
 
 #include <cstddef>
 #include <string>

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "reader/on_text.h"
 #include "reader/run.h"
+#include "support/on_text.h"
 
 using namespace std::string_literals;
 

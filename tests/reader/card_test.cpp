@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "reader/keyword.h"
-#include "reader/on_text.h"
 #include "reader/run.h"
+#include "support/on_text.h"
 
 namespace
 {

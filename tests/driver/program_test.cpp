@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "runs.h"
+#include "support/runs.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "loading/fresh_run.h"
 #include "loading/loading.h"
+#include "support/fresh_run.h"
 
 namespace
 {

@@ -2,9 +2,9 @@
 #include <string>
 #include <string_view>
 
-#include "loading/fresh_run.h"
 #include "loading/loading.h"
 #include "reader/pass.h"
+#include "support/fresh_run.h"
 
 namespace
 {

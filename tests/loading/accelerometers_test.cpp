@@ -1,7 +1,7 @@
 #include <string>
 
-#include "loading/fresh_run.h"
 #include "loading/loading.h"
+#include "support/fresh_run.h"
 
 namespace
 {
