@@ -13,7 +13,6 @@ constexpr PassRow accelerometer_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(accelerometer_rows));
-
 }  // namespace
 
 const Pass accelerometer_keywords{"accelerometers", accelerometer_rows};
@@ -26,11 +25,8 @@ void coordnodes2accel()
     const Title title = titled ? readtitle() : Title{""};
     const auto title_length = static_cast<int>(std::strlen(title.text));
     for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
-        [[maybe_unused]] const int cid = card.integer();
-        const int n1 = card.integer();
-        const int n2 = card.integer();
-        const int n3 = card.integer();
-        // FLAG and DIR are left unread.
+        int cid, n1, n2, n3;
+        card.read(cid, n1, n2, n3);  // FLAG and DIR are left unread
 
         text(accelfile, "\n Accelerometer history        :\n");
         print(accelfile, "!%*s %10s %10s %10s %10s\n", title_length, "ac_id", "nid", "n1", "n2", "n3");

@@ -1,28 +1,26 @@
 // *BOUNDARY keywords: waves let out, prescribed motions, fixed degrees of freedom, symmetry planes.
 #include "loading/boundary.h"
 
-#include <cstdio>
-
 #include "loading/loading.h"
-#include "loading/vector.h"
 #include "reader/card.h"
 #include "reader/debug_log.h"
+#include "reader/deck_lines.h"
 #include "reader/keyword.h"
 #include "reader/run.h"
 
-// *BOUNDARY_NON_REFLECTING.
+// *BOUNDARY_NON_REFLECTING: boundaries that let waves out.
 void bnonreflect()
 {
     for (Card card; card.next();) {
-        const int ssid = card.integer();
-        const float ad = card.real();
-        const float as = card.real();
+        int ssid;
+        float ad, as;
+        card.read(ssid, ad, as);
+
+        text(inpfile, "\n Non-reflecting boundary set:\n");
+        write_group({{"SSID", ssid}});
 
         log_recognized();
         log_unused({{"ad", ad}, {"as", as}});
-        text(inpfile, "\n Non-reflecting boundary set:\n");
-        text(inpfile, "!     SSID\n");
-        print(inpfile, "%10i\n", ssid);
     }
 }
 
@@ -40,7 +38,8 @@ void write_prescribed_motion(Target target, const PrescribedMotion& motion)
           motion.id, motion.vad, motion.lcid, motion.dof, motion.sf, 0.0, 0.0, 0.0, 0.0, 0.0002);
 }
 
-// *BOUNDARY_PRESCRIBED_MOTION_NODE and _SET, each also with _ID. Any other form is logged alone.
+// *BOUNDARY_PRESCRIBED_MOTION_NODE and *BOUNDARY_PRESCRIBED_MOTION_SET, each also as _ID. Any other form is logged
+// alone.
 void bprescribedmotion()
 {
     const bool of_set = keyword_is("*BOUNDARY_PRESCRIBED_MOTION_SET");
@@ -49,78 +48,38 @@ void bprescribedmotion()
         keyword_is("*BOUNDARY_PRESCRIBED_MOTION_SET_ID") || keyword_is("*BOUNDARY_PRESCRIBED_MOTION_NODE_ID");
     if (titled) skip_title();
 
-    for (Card card(titled ? one_card : all_cards);
-         card.next();) {  // sic: only the first card behind a title, also when refused
-        PrescribedMotion motion{};
-        motion.id = card.integer();
-        motion.dof = card.integer();
-        motion.vad = card.integer();
-        motion.lcid = card.integer();
-        motion.sf = card.real();
-        const int vid = card.integer();
-        const float death = card.real();
-        const float birth = card.real();
+    // sic: only the first card behind a title, also when it is refused
+    for (Card card(titled ? one_card : all_cards); card.next();) {
+        PrescribedMotion motion;
+        int vid;
+        float death, birth;
+        card.read(motion.id, motion.dof, motion.vad, motion.lcid, motion.sf, vid, death, birth);
 
         const bool offset = motion.dof > 8;
-        float offset1 = 0.0f;
-        float offset2 = 0.0f;
-        int mrb = 0;
-        int node1 = 0;
-        int node2 = 0;
-        if (offset || motion.vad >= 4) {
-            card.another();
-            offset1 = card.real();
-            offset2 = card.real();
-            mrb = card.integer();
-            node1 = card.integer();
-            node2 = card.integer();
-        }
+        float offset1 = 0.0f, offset2 = 0.0f;
+        int mrb = 0, node1 = 0, node2 = 0;
+        if (offset || motion.vad >= 4) card.another(offset1, offset2, mrb, node1, node2);
 
         if (motion.vad >= 2) {
-            std::printf("\nWarning: vad for prescribed motion must be less than 2\n");
-            std::printf("Skipping %s\n", cbuffer);
+            warn("\nWarning: vad for prescribed motion must be less than 2\n"
+                 "Skipping %s\n",
+                 cbuffer);
             log_skipped();
-        } else {
-            log_recognized();
-            if (titled) log_ignored_title();
-            log_unused({{"vid", vid}, {"death", death}, {"birth", birth}});
-            if (offset) {
-                log_field({"offset1", offset1});
-                log_field({"offset2", offset2});
-                log_field({"mrb", mrb});
-                log_field({"node1", node1});
-                log_field({"node2", node2});
-            }
-            if (of_set) write_prescribed_motion(Target::set, motion);
-            if (of_node) write_prescribed_motion(Target::node, motion);
+            continue;
         }
+
+        if (of_set) write_prescribed_motion(Target::set, motion);
+        if (of_node) write_prescribed_motion(Target::node, motion);
+
+        log_recognized();
+        if (titled) log_ignored_title();
+        log_unused({{"vid", vid}, {"death", death}, {"birth", birth}});
+        if (offset)
+            log_fields({{"offset1", offset1}, {"offset2", offset2}, {"mrb", mrb}, {"node1", node1}, {"node2", node2}});
     }
 }
 
-namespace
-{
-struct Spc {
-    int id, cid, dofx, dofy, dofz, dofrx, dofry, dofrz;
-};
-
-Spc read_spc(Card& card)
-{
-    return {card.integer(), card.integer(), card.integer(), card.integer(),
-            card.integer(), card.integer(), card.integer(), card.integer()};
-}
-
-void write_spc(Target target, const Spc& spc)
-{
-    const bool set = target == Target::set;
-    text(inpfile, set ? "\n Nodal SPC set:\n" : "\n Nodal SPC node:\n");
-    print(inpfile, "!%9s %10s %10s %10s %10s %10s %10s %10s\n", set ? "nsid" : "nid", "csid", "tx", "ty", "tz", "rx",
-          "ry", "rz");
-    print(inpfile, "%10i %10i %10i %10i %10i %10i %10i %10i\n", spc.id, spc.cid, spc.dofx, spc.dofy, spc.dofz,
-          spc.dofrx, spc.dofry, spc.dofrz);
-}
-}  // namespace
-
-// *BOUNDARY_SPC_NODE and _SET, each also with _ID. Any other form is logged alone.
+// *BOUNDARY_SPC_NODE and *BOUNDARY_SPC_SET, each also as _ID: fixed degrees of freedom. Any other form is logged alone.
 void bspc()
 {
     const bool of_set = keyword_is("*BOUNDARY_SPC_SET");
@@ -129,13 +88,24 @@ void bspc()
     if (titled) skip_title();
 
     for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first card behind a title
-        const Spc spc = read_spc(card);
+        int id, cid, dofx, dofy, dofz, dofrx, dofry, dofrz;
+        card.read(id, cid, dofx, dofy, dofz, dofrx, dofry, dofrz);
+
+        if (of_set || of_node) {
+            text(inpfile, of_set ? "\n Nodal SPC set:\n" : "\n Nodal SPC node:\n");
+            write_group({{of_set ? "nsid" : "nid", id},
+                         {"csid", cid},
+                         {"tx", dofx},
+                         {"ty", dofy},
+                         {"tz", dofz},
+                         {"rx", dofrx},
+                         {"ry", dofry},
+                         {"rz", dofrz}});
+        }
 
         log_recognized();
         if (titled) log_ignored_title();
         log_unused({});
-        if (of_set) write_spc(Target::set, spc);
-        if (of_node) write_spc(Target::node, spc);
     }
 }
 
@@ -143,14 +113,14 @@ void bspc()
 void bsphsym()
 {
     for (Card card; card.next();) {
-        const Vector tail = read_vector(card);
-        const Vector head = read_vector(card);
+        float vtx, vty, vtz, vhx, vhy, vhz;
+        card.read(vtx, vty, vtz, vhx, vhy, vhz);
+
+        text(inpfile, "\n SPH symmetry plane:\n");
+        write_group({{"px", vtx}, {"py", vty}, {"pz", vtz}, {"qx", vhx}, {"qy", vhy}, {"qz", vhz}});
 
         log_recognized();
         log_unused({});
-        text(inpfile, "\n SPH symmetry plane:\n");
-        print(inpfile, "!%9s %10s %10s %10s %10s %10s\n", "px", "py", "pz", "qx", "qy", "qz");
-        print(inpfile, "%10.3e %10.3e %10.3e %10.3e %10.3e %10.3e\n", tail.x, tail.y, tail.z, head.x, head.y, head.z);
     }
 }
 
@@ -158,17 +128,20 @@ void bsphsym()
 void bsymwfail()
 {
     for (Card card; card.next();) {
-        const int ssid = card.integer();
-        const float failure_stress = card.real();
-        const Vector tail = read_vector(card);
-        const Vector head = read_vector(card);
+        int ssid;
+        float fs, vtx, vty, vtz, vhx, vhy, vhz;
+        card.read(ssid, fs, vtx, vty, vtz, vhx, vhy, vhz);
 
         text(inpfile, "\n Symmetry plane with failure set:\n");
-        // sic: "sigmfail" here, "sigfail" in the templates
-        print(inpfile, "!%9s %10s %10s %10s %10s %10s %10s %10s\n", "ssid", "px", "py", "pz", "qx", "qy", "qz",
-              "sigmfail");
-        print(inpfile, "%10i %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e\n", ssid, tail.x, tail.y, tail.z, head.x,
-              head.y, head.z, failure_stress);
+        write_group({{"ssid", ssid},
+                     {"px", vtx},
+                     {"py", vty},
+                     {"pz", vtz},
+                     {"qx", vhx},
+                     {"qy", vhy},
+                     {"qz", vhz},
+                     {"sigmfail", fs}});  // sic: "sigmfail" here, "sigfail" in the templates
+
         log_recognized();
         log_unused({});
     }

@@ -43,7 +43,6 @@ constexpr PassRow boundary_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(boundary_rows));
-
 }  // namespace
 
 const Pass boundary_keywords{"boundary and initial conditions", boundary_rows};

@@ -1,10 +1,11 @@
-// *DEFINE_BOX, also as _ADAPTIVE, _COARSEN and _SPH, each also with _TITLE.
 #include "loading/loading.h"
 #include "reader/card.h"
 #include "reader/debug_log.h"
+#include "reader/deck_lines.h"
 #include "reader/keyword.h"
 #include "reader/run.h"
 
+// *DEFINE_BOX, also as *DEFINE_BOX_ADAPTIVE, *DEFINE_BOX_COARSEN and *DEFINE_BOX_SPH, each also as _TITLE.
 void definebox()
 {
     const bool adaptive = keyword_is("*DEFINE_BOX_ADAPTIVE");
@@ -15,26 +16,22 @@ void definebox()
     if (titled) skip_title();
 
     for (Card card(titled ? one_card : all_cards); card.next();) {  // sic: only the first box behind a title
-        const int boxid = card.integer();
-        const float xmn = card.real();
-        const float xmx = card.real();
-        const float ymn = card.real();
-        const float ymx = card.real();
-        const float zmn = card.real();
-        const float zmx = card.real();
-        const int eighth = card.integer();  // vid of the SPH form, iflag of the coarsen form
+        int boxid, eighth;  // the eighth field is vid of the SPH form, iflag of the coarsen form
+        float xmn, xmx, ymn, ymx, zmn, zmx;
+        card.read(boxid, xmn, xmx, ymn, ymx, zmn, zmx, eighth);
 
         int option1 = 0;  // pid of the adaptive form, lcid of the SPH form
         int option2 = 0;  // level of the adaptive form, vd of the SPH form
-        if (adaptive || sph) {
-            card.another();
-            option1 = card.integer();
-            option2 = card.integer();
-        }
+        if (adaptive || sph) card.another(option1, option2);
 
         text(inpfile, "\n Box definition:\n");
-        print(inpfile, "!%9s %10s %10s %10s %10s %10s %10s\n", "bvid", "xmin", "xmax", "ymin", "ymax", "zmin", "zmax");
-        print(inpfile, "%10i %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e\n", boxid, xmn, xmx, ymn, ymx, zmn, zmx);
+        write_group({{"bvid", boxid},
+                     {"xmin", xmn},
+                     {"xmax", xmx},
+                     {"ymin", ymn},
+                     {"ymax", ymx},
+                     {"zmin", zmn},
+                     {"zmax", zmx}});
 
         log_recognized();
         if (titled) log_ignored_title();

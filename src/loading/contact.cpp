@@ -1,6 +1,3 @@
-#include <cstddef>
-#include <cstdio>
-#include <initializer_list>
 #include <string_view>
 
 #include "loading/contact_cards.h"
@@ -14,44 +11,41 @@
 
 namespace
 {
-void log_fields(std::initializer_list<Field> fields)
-{
-    for (const Field& field : fields) log_field(field);
-}
-
 void log_contact(const ContactCards& cards, bool titled)
 {
-    const auto& [sides, friction, scales, erosion, a, eroding, has_a] = cards;
     log_recognized();
     if (titled) log_ignored_title();
     text(outfile, "ignored optional cards b and c\n");
-    log_unused({{"msid", sides.msid},
-                {"sstyp", sides.sstyp},
-                {"mstyp", sides.mstyp},
-                {"sboxid", sides.sboxid},
-                {"mboxid", sides.mboxid},
-                {"spr", sides.spr},
-                {"mpr", sides.mpr},
-                {"fs", friction.fs},
-                {"fd", friction.fd},
-                {"dc", friction.dc},
-                {"vc", friction.vc},
-                {"vdc", friction.vdc},
-                {"penchk", friction.penchk},
-                {"bt", friction.bt},
-                {"dt", friction.dt}});
-    if (a.soft != 0) log_field({"sfs", scales.sfs});  // otherwise it is the penalty scale factor
-    log_fields({{"sfm", scales.sfm},
-                {"sst", scales.sst},
-                {"mst", scales.mst},
-                {"sfmt", scales.sfmt},
-                {"fsf", scales.fsf},
-                {"vsf", scales.vsf}});
-    if (eroding) log_fields({{"isym", erosion.isym}, {"erosop", erosion.erosop}, {"iadj", erosion.iadj}});
-    if (!has_a) return;
-    if (a.soft == 0) log_field({"sofscl", a.sofscl});
-    log_fields(
-        {{"lcidab", a.lcidab}, {"maxpar", a.maxpar}, {"sbopt", a.sbopt}, {"depth", a.depth}, {"frcfrq", a.frcfrq}});
+    log_unused({{"msid", cards.msid},
+                {"sstyp", cards.sstyp},
+                {"mstyp", cards.mstyp},
+                {"sboxid", cards.sboxid},
+                {"mboxid", cards.mboxid},
+                {"spr", cards.spr},
+                {"mpr", cards.mpr},
+                {"fs", cards.fs},
+                {"fd", cards.fd},
+                {"dc", cards.dc},
+                {"vc", cards.vc},
+                {"vdc", cards.vdc},
+                {"penchk", cards.penchk},
+                {"bt", cards.bt},
+                {"dt", cards.dt}});
+    if (cards.soft != 0) log_fields({{"sfs", cards.sfs}});  // otherwise it is the penalty scale factor
+    log_fields({{"sfm", cards.sfm},
+                {"sst", cards.sst},
+                {"mst", cards.mst},
+                {"sfmt", cards.sfmt},
+                {"fsf", cards.fsf},
+                {"vsf", cards.vsf}});
+    if (cards.eroding) log_fields({{"isym", cards.isym}, {"erosop", cards.erosop}, {"iadj", cards.iadj}});
+    if (!cards.has_a) return;
+    if (cards.soft == 0) log_fields({{"sofscl", cards.sofscl}});
+    log_fields({{"lcidab", cards.lcidab},
+                {"maxpar", cards.maxpar},
+                {"sbopt", cards.sbopt},
+                {"depth", cards.depth},
+                {"frcfrq", cards.frcfrq}});
 }
 
 constexpr std::string_view contact_lines =
@@ -93,8 +87,12 @@ static_assert(every_row_reachable(contact_rows));
 
 const Pass contact_keywords{"contact", contact_rows};
 
-// *CONTACT_...: the first contact sets the options of all, since the solver has one contact scheme for the whole model;
-// the pair of each is written as an inactive line to start from.
+// *CONTACT_AUTOMATIC_GENERAL, *CONTACT_AUTOMATIC_NODES_TO_SURFACE, *CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE,
+// *CONTACT_AUTOMATIC_SINGLE_SURFACE, *CONTACT_AUTOMATIC_SURFACE_TO_SURFACE, *CONTACT_ERODING_NODES_TO_SURFACE,
+// *CONTACT_ERODING_SINGLE_SURFACE, *CONTACT_ERODING_SURFACE_TO_SURFACE, *CONTACT_NODES_TO_SURFACE,
+// *CONTACT_ONE_WAY_SURFACE_TO_SURFACE, *CONTACT_SINGLE_SURFACE and *CONTACT_SURFACE_TO_SURFACE: the first contact sets
+// the options of all, since the solver has one contact scheme for the whole model; the pair of each is written as an
+// inactive line to start from.
 void contact()
 {
     const bool first = ++counts.contacts == 1;
@@ -102,20 +100,20 @@ void contact()
     if (titled) skip_title();
     const ContactCards cards = read_contact_cards();
 
-    float penalty_scale = cards.a.soft != 0 ? cards.a.sofscl : cards.scales.sfs;
+    float penalty_scale = cards.soft != 0 ? cards.sofscl : cards.sfs;
     if (penalty_scale == 0.0f) penalty_scale = 1.0f;
 
     constexpr int range_search = 0;
     // A slave side asks for the pairwise scheme 2, which is never written.
-    if (cards.sides.ssid != 0 && first)
-        std::printf("\nWarning: Contact Scheme 2 being used. Changing to global contact scheme 0.\n");
+    if (cards.ssid != 0 && first)
+        warn("\nWarning: Contact Scheme 2 being used. Changing to global contact scheme 0.\n");
 
     if (first)
         write_contact_options({.scheme = range_search,
-                               .searches = cards.a.bsort,
-                               .soft = cards.a.soft,
+                               .searches = cards.bsort,
+                               .soft = cards.soft,
                                .penalty_scale = penalty_scale,
-                               .shell_thickness = cards.scales.sfst});
+                               .shell_thickness = cards.sfst});
 
     // sic: the same inactive pair for every contact
     print(inpfile, "!Contact set pair                     : %5i %4i %4i %4.1f", 1, 1, 2, 1.0);
@@ -126,7 +124,6 @@ void contact()
 
 void contact_section()
 {
-
     if (standalone() || comprehensive()) {
         banner(inpfile, "Contact Section");
         text(inpfile, "\n");
@@ -134,7 +131,7 @@ void contact_section()
     run_pass(contact_keywords);
     if (counts.tied_nodes > 0) text(inpfile, "\n");
     if (counts.contacts == 0) {
-        std::printf("\nWarning: No contact card found - Contact turned off\n");
+        warn("\nWarning: No contact card found - Contact turned off\n");
         if (standalone()) write_default_contact_options();
         if (comprehensive()) write_thermal_and_friction_template();
     }

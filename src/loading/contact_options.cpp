@@ -57,7 +57,6 @@ void write_contact_options(const ContactOptions& options)
 // iterations, the nearest-neighbour iterations, the parallel efficiency.
 void write_default_contact_options()
 {
-
     text(inpfile, "!--- Global contact options\n");
     print(inpfile, " Contact scheme                             : %10i", 3);
     text(inpfile, "   !--- 1=off\n");

@@ -34,32 +34,26 @@ constexpr PassRow curve_rows[] = {
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(curve_rows));
-
 }  // namespace
 
 const Pass curve_keywords{"curves", curve_rows};
 
-// *DEFINE_CURVE, also as _TITLE: a load curve, its points already shifted and scaled.
+// *DEFINE_CURVE, also as _TITLE: a load curve, its points already shifted and scaled. A curve has any number of points,
+// so each is written as it is read.
 void definecurve()
 {
     const Title title = curve_title();
     Card card;
-    card.first();
-    const int lcid = card.integer();
-    const int sidr = card.integer();
-    float sfa = card.real();
-    float sfo = card.real();
-    const float offa = card.real();
-    const float offo = card.real();
-    const int dattyp = card.integer();
+    int lcid, sidr, dattyp;
+    float sfa, sfo, offa, offo;
+    card.first(lcid, sidr, sfa, sfo, offa, offo, dattyp);
+    if (sfa == 0.0f) sfa = 1.0f;
+    if (sfo == 0.0f) sfo = 1.0f;
 
     text(inpfile, "\n");
     text(inpfile, curve_heading);
     print(inpfile, " Load curve definition: %16i    %20s\n", lcid, title.text);
     text(inpfile, point_heading);
-
-    if (sfa == 0.0f) sfa = 1.0f;
-    if (sfo == 0.0f) sfo = 1.0f;
     while (card.next()) {
         const float abscissa = card.real(20);
         const float ordinate = card.real(20);
@@ -72,7 +66,7 @@ void definecurve()
     log_applied("sfo", sfo);
     log_applied("offa", offa);
     log_applied("offo", offo);
-    log_field({"dattyp", dattyp});
+    log_fields({{"dattyp", dattyp}});
 }
 
 void load_curves()

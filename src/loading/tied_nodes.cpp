@@ -63,6 +63,6 @@ void surfcon2tnodes()
               "slvid", "stype", "mstrsid", "effstr", "pcut", "sn", "ss", "n", "m", "radius");
     }
     print(inpfile, " %9i %8i %8i %8.1f %8.1f %8.1f %7.1f %7.1f %7.1f %7.1f   !---%-80s\n",  //
-          cards.sides.ssid, slave_type(cards.sides.sstyp), cards.sides.msid,                //
-          cards.friction.fs, 0.0, 0.0, 0.0, 0.0, 0.0, cards.friction.fd, heading.text);
+          cards.ssid, slave_type(cards.sstyp), cards.msid,                                  //
+          cards.fs, 0.0, 0.0, 0.0, 0.0, 0.0, cards.fd, heading.text);
 }

@@ -64,7 +64,7 @@ void matheburn()
     log_recognized();
     log_unused_heading();
     if (!beta_available) print(outfile, "%10s:%10.3e . . . Changed ilopt to 0.0 in Kestrune input\n", "beta", beta);
-    for (const Field& field : {Field{"k", k}, Field{"g", g}, Field{"sigy", sigy}}) log_field(field);
+    log_fields({{"k", k}, {"g", g}, {"sigy", sigy}});
 }
 
 // *MAT_NULL; its erosion volumes go into the failure definition

@@ -25,12 +25,13 @@ void log_unused_heading()
     text(outfile, "unused variables:\n");
 }
 
-void log_field(const Field& field)
+void log_fields(std::initializer_list<Field> fields)
 {
-    if (field.is_real)
-        print(outfile, "%10s:%10.3e\n", field.name, field.real);
-    else
-        print(outfile, "%10s:%10i\n", field.name, field.integer);
+    for (const Field& field : fields)
+        if (field.is_real)
+            print(outfile, "%10s:%10.3e\n", field.name, field.real);
+        else
+            print(outfile, "%10s:%10i\n", field.name, field.integer);
 }
 
 void log_unused(std::initializer_list<Field> fields)
@@ -40,7 +41,7 @@ void log_unused(std::initializer_list<Field> fields)
         return;
     }
     log_unused_heading();
-    for (const Field& field : fields) log_field(field);
+    log_fields(fields);
 }
 
 void warn(const char* format, ...)

@@ -21,11 +21,11 @@ void log_skipped();
 // "ignored title line"
 void log_ignored_title();
 
-// "unused variables:" alone, when the lines behind it follow by log_field or need a note of their own.
+// "unused variables:" alone, when the lines behind it follow by log_fields or need a note of their own.
 void log_unused_heading();
 
-// One line, "%10s:%10i" or "%10s:%10.3e".
-void log_field(const Field& field);
+// A line for each field, "%10s:%10i" or "%10s:%10.3e".
+void log_fields(std::initializer_list<Field> fields);
 
 // The heading and a line for each field; "no unused variables" when there is none.
 void log_unused(std::initializer_list<Field> fields);

@@ -62,8 +62,8 @@ TEST_F(DebugLog, HeadingAndSingleFieldsMayBeWrittenApart)
 {
     EXPECT_EQ(log_of([] {
                   log_unused_heading();
-                  log_field({"a longer name than ten", 1});
-                  log_field({"q1", 1.0e10f});
+                  log_fields({{"a longer name than ten", 1}});
+                  log_fields({{"q1", 1.0e10f}});
               }),
               "unused variables:\n"
               "a longer name than ten:         1\n"
