@@ -113,7 +113,6 @@ constexpr char segment_history_and_restart[] = "!AMR segment history set:\n"
 // The empty lines behind the section are the driver's: they stand there also without it.
 void amr_section()
 {
-
     banner(inpfile, "AMR Section");
     text(inpfile, "\n");
     text(inpfile, domains);

@@ -10,7 +10,7 @@
 #include "reader/numbers.h"
 #include "reader/run.h"
 
-// The title of the main deck: the line as it stands, cut to 46 characters.
+// *TITLE: the title of the main deck is the line as it stands, cut to 46 characters.
 void titlecard()
 {
     constexpr std::size_t most = sizeof run_settings.title - 1;
@@ -30,13 +30,12 @@ void titlecard()
     log_unused({});
 }
 
+// *CONTROL_BULK_VISCOSITY
 void cviscosity()
 {
     Card card;
-    card.first();
-    run_settings.q1 = card.real();
-    run_settings.q2 = card.real();
-    run_settings.qtype = card.integer();
+    card.first(run_settings.q1, run_settings.q2, run_settings.qtype);
+
     log_recognized();
     if (run_settings.qtype == 1) {
         log_unused({});
@@ -44,19 +43,20 @@ void cviscosity()
     }
     log_unused_heading();
     print(outfile, "%10s:%10i . . . Changing to 1 in Kestrune input\n", "qtype", run_settings.qtype);
-    std::printf("\nWarning: type %i is not available for bulk viscosity\n", run_settings.qtype);
-    std::printf("Changing bulk viscosity type to 1\n");
+    warn("\nWarning: type %i is not available for bulk viscosity\n"
+         "Changing bulk viscosity type to 1\n",
+         run_settings.qtype);
     run_settings.qtype = 1;
 }
 
+// *CONTROL_HOURGLASS
 void chourglass()
 {
     constexpr int last_type = 5;  // sic: no check of the other end, negative types pass
     Card card;
-    card.first();
-    run_settings.ihq = card.integer();
-    run_settings.qh = card.real();
+    card.first(run_settings.ihq, run_settings.qh);
     if (run_settings.ihq == 0) run_settings.ihq = 1;
+
     log_recognized();
     if (run_settings.ihq <= last_type) {
         log_unused({});
@@ -64,33 +64,22 @@ void chourglass()
     }
     log_unused_heading();
     print(outfile, "%10s:%10i . . . Changing to 1 in Kestrune input\n", "ihq", run_settings.ihq);
-    std::printf("\nWarning: type %i is not available for hourglass\n", run_settings.ihq);
-    std::printf("Changing hourlgass type to 1\n");  // sic
+    warn("\nWarning: type %i is not available for hourglass\n"
+         "Changing hourlgass type to 1\n",  // sic
+         run_settings.ihq);
     run_settings.ihq = 1;
 }
 
+// *CONTROL_CONTACT
 void ccontact()
 {
     Card card;
-    card.first();
-    run_settings.slsfac = card.real();
-    const float rwpnal = card.real();
-    const int islchk = card.integer();
-    const int shlthk = card.integer();
-    const int penopt = card.integer();
-    const int thkchg = card.integer();
-    const int orien = card.integer();
-    const int enmass = card.integer();
-
-    card.another();
-    const int usrstr = card.integer();
-    const int usrfrc = card.integer();
-    const int nsbcs = card.integer();
-    const int interm = card.integer();
-    const float xpene = card.real();
-    const int ssthk = card.integer();
-    const int ecdt = card.integer();
-    const int tiedprj = card.integer();
+    float rwpnal;
+    int islchk, shlthk, penopt, thkchg, orien, enmass;
+    card.first(run_settings.slsfac, rwpnal, islchk, shlthk, penopt, thkchg, orien, enmass);
+    int usrstr, usrfrc, nsbcs, interm, ssthk, ecdt, tiedprj;
+    float xpene;
+    card.another(usrstr, usrfrc, nsbcs, interm, xpene, ssthk, ecdt, tiedprj);
 
     log_recognized();
     text(outfile, "additional options ignored on cards 3 and up\n");
@@ -111,45 +100,39 @@ void ccontact()
                 {"tiedprj", tiedprj}});
 }
 
+// *CONTROL_SOLUTION
 void csolution()
 {
     Card card;
-    card.first();
-    run_settings.soln = card.integer();
-    const int nlq = card.integer();
-    const int isnan = card.integer();
-    const int lcint = card.integer();
+    int nlq, isnan, lcint;
+    card.first(run_settings.soln, nlq, isnan, lcint);
+
     log_recognized();
     log_unused({{"nlq", nlq}, {"isnan", isnan}, {"lcint", lcint}});
 }
 
+// *CONTROL_TERMINATION
 void term()
 {
     Card card;
-    card.first();
-    run_settings.endtim = card.real();
-    const int endcyc = card.integer();
-    const float dtmin = card.real();
-    const float endeng = card.real();
-    const float endmas = card.real();
+    int endcyc;
+    float dtmin, endeng, endmas;
+    card.first(run_settings.endtim, endcyc, dtmin, endeng, endmas);
+
     log_recognized();
     log_unused({{"endcyc", endcyc}, {"dtmin", dtmin}, {"endeng", endeng}, {"endmas", endmas}});
 }
 
+// *CONTROL_TIMESTEP
 void tstep()
 {
     Card card;
-    card.first();
-    run_settings.dtinit = card.real();
-    run_settings.tssfac = card.real();
-    const int isdo = card.integer();
-    const float tslimt = card.real();
-    const float dt2ms = card.real();
-    const float lctm = card.real();  // sic: an identifier, read as a real
-    const int erode = card.integer();
-    const int ms1st = card.integer();
-    run_settings.lctm = to_int(static_cast<double>(lctm));
+    int isdo, erode, ms1st;
+    float tslimt, dt2ms, lctm;  // sic: LCTM, an identifier, is read as a real
+    card.first(run_settings.dtinit, run_settings.tssfac, isdo, tslimt, dt2ms, lctm, erode, ms1st);
+    run_settings.lctm = to_int(lctm);
     Card::end_line();
+
     log_recognized();
     text(outfile, "additional options ignored on card 2\n");
     // sic: the spelling of tslimit and msist

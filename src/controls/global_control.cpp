@@ -42,7 +42,7 @@ void penalty_scale_factor()
           "\n"
           "!Global contact penalty scale factor   : %10.2f"
           "   !--- Do not change, change scale factors in contact section instead\n",
-          static_cast<double>(run_settings.slsfac));
+          run_settings.slsfac);
 }
 
 void hourglass_and_viscosity()
@@ -52,19 +52,18 @@ void hourglass_and_viscosity()
           "   !--- Available Hourglass Methods:\n",
           run_settings.ihq);
     text(inpfile, hourglass_methods);
-    print(inpfile, " Hourglass stabilization coefficient   : %10.2f\n", static_cast<double>(run_settings.qh));
+    print(inpfile, " Hourglass stabilization coefficient   : %10.2f\n", run_settings.qh);
     print(inpfile,
           " Bulk viscosity type for shock capture : %10i"
           "        !--- 1=Standard DYNA3D\n",
           run_settings.qtype);
-    print(inpfile, " Quadratic bulk viscosity coefficient  : %10.1f\n", static_cast<double>(run_settings.q1));
-    print(inpfile, " Linear bulk viscosity coefficient     : %10.2f\n", static_cast<double>(run_settings.q2));
+    print(inpfile, " Quadratic bulk viscosity coefficient  : %10.1f\n", run_settings.q1);
+    print(inpfile, " Linear bulk viscosity coefficient     : %10.2f\n", run_settings.q2);
 }
 }  // namespace
 
 void global_control()
 {
-
     if (comprehensive() || standalone()) text(inpfile, global_banner);
     if (standalone()) text(inpfile, deletion_and_conversion);
     if (comprehensive()) {

@@ -11,7 +11,8 @@ enum class Kind { node, element };  // solids and shells share the element lines
 
 constexpr int ids_per_line = 8;  // of a card and of the main deck
 
-// *DATABASE_HISTORY_NODE, _SOLID, _SHELL: identifiers under a heading, eight a line whatever the cards hold.
+// *DATABASE_HISTORY_NODE, *DATABASE_HISTORY_SOLID, *DATABASE_HISTORY_SHELL: identifiers under a heading, eight a line
+// whatever the cards hold.
 void histid(Kind kind)
 {
     if (kind == Kind::node)
@@ -33,7 +34,7 @@ void histid(Kind kind)
     log_unused({});
 }
 
-// The same keywords with _SET: a line for each set.
+// *DATABASE_HISTORY_NODE_SET, *DATABASE_HISTORY_SOLID_SET, *DATABASE_HISTORY_SHELL_SET: a line for each set.
 void histset(Kind kind)
 {
     for (Card card; card.next();)

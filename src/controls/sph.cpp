@@ -96,7 +96,7 @@ void particle_count()
     text(inpfile, nearest_neighbors);
 }
 
-void box_deactivation(double birth, double death)
+void box_deactivation(float birth, float death)
 {
     text(inpfile, box_heading);
     print(inpfile,
@@ -109,14 +109,14 @@ void box_deactivation(double birth, double death)
     text(inpfile, box_definition);
 }
 
-void velocity_deactivation(double birth, double death)
+void velocity_deactivation(float birth, float death)
 {
-    const double maxv = run_settings.sph_maxv;
+    const float maxv = run_settings.sph_maxv;
     text(inpfile, velocity_heading);
-    print(inpfile, "%10i%12.3e%12.3e%10.3e%10.3e\n", 1, maxv != 0.0 ? maxv : 1.0e6, 1.0e7, birth, death);
+    print(inpfile, "%10i%12.3e%12.3e%10.3e%10.3e\n", 1, maxv != 0.0f ? maxv : 1.0e6f, 1.0e7, birth, death);
 }
 
-void timestep_deactivation(double birth, double death)
+void timestep_deactivation(float birth, float death)
 {
     text(inpfile, timestep_heading);
     print(inpfile,
@@ -125,7 +125,7 @@ void timestep_deactivation(double birth, double death)
           2, -0.5, birth, death);
 }
 
-void optional_deactivation(double birth, double death)
+void optional_deactivation(float birth, float death)
 {
     text(inpfile, density_heading);
     print(inpfile, optional_criterion, 1, 1.0, 1.0e10, birth, death);
@@ -138,7 +138,6 @@ void optional_deactivation(double birth, double death)
 
 void sph_control()
 {
-
     banner(inpfile, "SPH Control Section");
     text(inpfile, "\n");
     run_pass(sph_keywords);
@@ -154,8 +153,8 @@ void sph_control()
     particle_count_position = inpfile.position();  // sic: also when the line that belongs there is left out
     if (comprehensive() && standalone()) particle_count();
 
-    const double birth = run_settings.sph_start;
-    const double death = run_settings.sph_dt;
+    const float birth = run_settings.sph_start;
+    const float death = run_settings.sph_dt;
     if (run_settings.sph_boxid == 0) {
         box_deactivation(birth, death);
         if (comprehensive()) text(inpfile, sphere_definition);

@@ -21,8 +21,9 @@ std::vector<std::string> find_particle_sections()
         if (!keyword_is("*SECTION_SPH")) continue;
         if (keyword_is("*SECTION_SPH_TITLE")) skip_title();
         Card card;
-        card.first();
-        secids.emplace_back(card.word().text);
+        Word secid;
+        card.first(secid);
+        secids.emplace_back(secid.text);
     }
     infile.seek(here);
     std::sort(secids.begin(), secids.end());
@@ -60,31 +61,29 @@ static_assert(every_row_reachable(sph_part_rows));
 const Pass sph_keywords{"SPH", sph_rows};
 const Pass sph_part_keywords{"SPH part", sph_part_rows};
 
+// *CONTROL_SPH
 void csph()
 {
     Card card;
-    card.first();
-    const int ncbs = card.integer();
-    run_settings.sph_boxid = card.integer();
-    run_settings.sph_dt = card.real();
-    const int idim = card.integer();
-    run_settings.sph_memory = card.integer();
-    const int form = card.integer();
-    run_settings.sph_start = card.real();
-    run_settings.sph_maxv = card.real();
+    int ncbs, idim, form;
+    card.first(ncbs, run_settings.sph_boxid, run_settings.sph_dt, idim, run_settings.sph_memory, form,
+               run_settings.sph_start, run_settings.sph_maxv);
+
     log_recognized();
     text(outfile, "ignore optional card 2\n");
     log_unused({{"ncbs", ncbs}, {"idim", idim}, {"form", form}});
 }
 
+// *PART: the smoothing length of a part whose section is a *SECTION_SPH; one part a block
 void partsph()
 {
     constexpr double factor = 1.5;  // of the smoothing length
     skip_title();
     Card card;
-    card.first();
-    const int pid = card.integer();
-    const Word secid = card.word();
+    int pid;
+    Word secid;
+    card.first(pid, secid);
+
     if (is_particle_section(secid.text))
         print(inpfile,
               " Smoothing length                     : %5i%5.1f%5i"

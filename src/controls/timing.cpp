@@ -81,15 +81,15 @@ void maximum_time_step()
 // sic: all by the time history interval; the dump and running restart requests only tell whether it is used
 void output_frequencies()
 {
-    const double interval = run_settings.hist_dt;
+    const float interval = run_settings.hist_dt;
     print(inpfile,
           " Time history frequency         : %10.3e%5i"
           "%3s!--- 1=LCID of interval vs. sim time, 2=constant number of cycles\n",
-          interval != 0.0 ? interval : 1.0e-6, 0, " ");
+          interval != 0.0f ? interval : 1.0e-6f, 0, " ");
     print(inpfile,
           " Restart frequency              : %10.3e%5i"
           "%3s!--- 3=LCID of plot time list, 4=wall clock time (hours)\n",
-          run_settings.dump_cycles != 0 ? interval : 0.001, 0, " ");
+          run_settings.dump_cycles != 0 ? interval : 0.001f, 0, " ");
     if (run_settings.rsf_cycles != 0)
         print(inpfile, " Running restart frequency      : %10.3e%5i\n", interval, 0);
     else
@@ -99,7 +99,6 @@ void output_frequencies()
 
 void timing_control()
 {
-
     banner(inpfile, "Timing and Data Control Section");
     text(inpfile, "\n");
     solution_type();

@@ -1,6 +1,4 @@
 // Elastic, elastic-plastic and rigid materials.
-#include <cstdio>
-
 #include "materials/definition.h"
 #include "materials/materials.h"
 #include "reader/card.h"
@@ -11,11 +9,11 @@ namespace
 {
 void warn_of_bulk_modulus(float bulk)
 {
-    if (bulk == 0.0f) std::printf("\nWarning: Bulk Modulus set to 0.0!\n");
+    if (bulk == 0.0f) warn("\nWarning: Bulk Modulus set to 0.0!\n");
 }
 }  // namespace
 
-// *MAT_ELASTIC
+// *MAT_ELASTIC, also as _TITLE
 void matelastic()
 {
     const Title title = title_if(keyword_is("*MAT_ELASTIC_TITLE"), "Elastic             ");
@@ -32,7 +30,7 @@ void matelastic()
     log_unused({{"da", da}, {"db", db}, {"k", k}});
 }
 
-// *MAT_ISOTROPIC_ELASTIC_FAILURE
+// *MAT_ISOTROPIC_ELASTIC_FAILURE, also as _TITLE
 void matisotropicelasticfail()
 {
     const Title title = title_if(keyword_is("*MAT_ISOTROPIC_ELASTIC_FAILURE_TITLE"), "Iso-Elastic-Failure ");
@@ -55,7 +53,7 @@ void matisotropicelasticfail()
     log_unused({{"rem", rem}, {"trem", trem}});
 }
 
-// *MAT_ISOTROPIC_ELASTIC_PLASTIC
+// *MAT_ISOTROPIC_ELASTIC_PLASTIC, also as _TITLE
 void matisotropicelasticplas()
 {
     const Title title = title_if(keyword_is("*MAT_ISOTROPIC_ELASTIC_PLASTIC_TITLE"), "Iso-Elastic-Plastic ");
@@ -74,7 +72,7 @@ void matisotropicelasticplas()
     log_unused({});
 }
 
-// *MAT_PLASTIC_KINEMATIC; its failure strain goes into the failure definition
+// *MAT_PLASTIC_KINEMATIC, also as _TITLE; its failure strain goes into the failure definition
 void matplastickinematic()
 {
     const Title title = title_if(keyword_is("*MAT_PLASTIC_KINEMATIC_TITLE"), "Kin/Iso-Elas-Plastic");
@@ -93,7 +91,7 @@ void matplastickinematic()
     log_unused({{"src", src}, {"srp", srp}, {"fs", fs}, {"vp", vp}});
 }
 
-// *MAT_RIGID
+// *MAT_RIGID, also as _TITLE
 void matrigid()
 {
     const Title title = title_if(keyword_is("*MAT_RIGID_TITLE"), "Rigid               ");

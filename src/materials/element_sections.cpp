@@ -1,7 +1,4 @@
-// *SECTION_SOLID, *SECTION_SHELL, *SECTION_SPH: a section becomes an element formulation under the section's
-// identifier.
-#include <cstdio>
-
+// Element sections: a section becomes an element formulation under the section's identifier.
 #include "materials/definition.h"
 #include "materials/materials.h"
 #include "reader/card.h"
@@ -18,6 +15,7 @@ void write_formulation(const Word& secid, int eform)
 }
 }  // namespace
 
+// *SECTION_SOLID, also as _TITLE
 void sectionsolid()
 {
     const bool titled = keyword_is("*SECTION_SOLID_TITLE");
@@ -26,6 +24,13 @@ void sectionsolid()
     Word secid;
     int elform, aet;
     card.first(secid, elform, aet);
+    const bool available = elform == 1 || elform == 2;
+    if (!available)
+        warn("\nWarning: Element formulation %i not available\n"
+             "Assuming default element form for section solid %s\n",
+             elform, secid.text);
+
+    write_formulation(secid, available ? elform : 1);
 
     log_recognized();
     if (titled)
@@ -33,17 +38,10 @@ void sectionsolid()
     else if (keyword_is("*SECTION_SOLID_"))
         text(outfile, "additional options ignored on cards 2 and up\n");
     log_unused({{"aet", aet}});
-
-    int eform = elform;
-    if (elform != 1 && elform != 2) {
-        std::printf("\nWarning: Element formulation %i not available\n", elform);
-        std::printf("Assuming default element form for section solid %s\n", secid.text);
-        print(outfile, "%10s:%10i . . . Changed to 1 for Kestrune input\n", "elform", elform);
-        eform = 1;
-    }
-    write_formulation(secid, eform);
+    if (!available) print(outfile, "%10s:%10i . . . Changed to 1 for Kestrune input\n", "elform", elform);
 }
 
+// *SECTION_SHELL, also as _TITLE
 void sectionshell()
 {
     const bool titled = keyword_is("*SECTION_SHELL_TITLE");
@@ -56,6 +54,17 @@ void sectionshell()
     float t1, t2, t3, t4, marea, idof;
     int nloc, edgset;
     card.another(t1, t2, t3, t4, nloc, marea, idof, edgset);
+    const bool available = elform >= 0 && elform <= 5;
+    if (!available)
+        warn("\nWarning: Element formulation %i not available\n"
+             "Assuming default element form for section shell %s\n",
+             elform, secid.text);
+
+    write_formulation(secid, available ? 100 + elform : 100);
+    print(inpfile, "!%11s%10s%10s%10s%10s\n", "shf", "nip", "output", "irid", "refloc");
+    print(inpfile, "%12.1f%10i%10i%10i%10i\n", shrf, nip, propt, irid, nloc);
+    print(inpfile, "!%11s%10s%10s%10s\n", "t1", "t2", "t3", "t4");
+    print(inpfile, "%12.3e%10.3e%10.3e%10.3e\n", t1, t2, t3, t4);
 
     log_recognized();
     if (titled)
@@ -67,22 +76,10 @@ void sectionshell()
                 {"marea", marea},
                 {"idof", idof},
                 {"edgset", edgset}});
-
-    int eform = 100;
-    if (elform >= 0 && elform <= 5) {
-        eform += elform;
-    } else {
-        std::printf("\nWarning: Element formulation %i not available\n", elform);
-        std::printf("Assuming default element form for section shell %s\n", secid.text);
-        print(outfile, "%10s:%10i . . . Changed to 100 for Kestrune input\n", "elform", elform);
-    }
-    write_formulation(secid, eform);
-    print(inpfile, "!%11s%10s%10s%10s%10s\n", "shf", "nip", "output", "irid", "refloc");
-    print(inpfile, "%12.1f%10i%10i%10i%10i\n", shrf, nip, propt, irid, nloc);
-    print(inpfile, "!%11s%10s%10s%10s\n", "t1", "t2", "t3", "t4");
-    print(inpfile, "%12.3e%10.3e%10.3e%10.3e\n", t1, t2, t3, t4);
+    if (!available) print(outfile, "%10s:%10i . . . Changed to 100 for Kestrune input\n", "elform", elform);
 }
 
+// *SECTION_SPH, also as _TITLE
 void sectionsph()
 {
     const bool titled = keyword_is("*SECTION_SPH_TITLE");
@@ -92,12 +89,12 @@ void sectionsph()
     float cslh, hmin, hmax, sphini, death, start;
     card.first(secid, cslh, hmin, hmax, sphini, death, start);
 
+    write_formulation(secid, 200);
+
     log_recognized();
     if (titled) log_ignored_title();
     // sic: *SECTION_SPH_TENSOR_TITLE is not known to have a title: its title card is read as card 1
     if (keyword_is("*SECTION_SPH_TENSOR")) text(outfile, "additional options ignored on cards 2 and up\n");
     log_unused(
         {{"cslh", cslh}, {"hmin", hmin}, {"hmax", hmax}, {"sphini", sphini}, {"death", death}, {"start", start}});
-
-    write_formulation(secid, 200);
 }

@@ -24,7 +24,7 @@ void eoslinearpoly()
     log_unused({});
 }
 
-// *EOS_JWL
+// *EOS_JWL, also as _TITLE
 void eosjwl()
 {
     const Title title = title_if(keyword_is("*EOS_JWL_TITLE"), "JWL                ");
@@ -40,7 +40,7 @@ void eosjwl()
     log_unused({});
 }
 
-// *EOS_GRUNEISEN
+// *EOS_GRUNEISEN, also as _TITLE
 void eosmgrun()
 {
     const Title title = title_if(keyword_is("*EOS_GRUNEISEN_TITLE"), "Mie Gruneisen     ");
@@ -57,7 +57,7 @@ void eosmgrun()
     log_unused({});
 }
 
-// *EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE
+// *EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE, also as _TITLE
 void eosigrb()
 {
     const Title title = title_if(keyword_is("*EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE_TITLE"), "Ignition and Growth");

@@ -21,12 +21,6 @@ struct Criteria {
     float scalej = 0.1f;
 };
 
-// Fields that are read and dropped.
-void pass_fields(Card& card, int count)
-{
-    while (count-- > 0) card.real();
-}
-
 // Whether the keyword line ends in TITLE, judged by three of its letters.
 bool ends_in_title()
 {
@@ -37,39 +31,33 @@ bool ends_in_title()
 
 // The criteria that a material's cards set, read from behind its identifier on card 1. Fields are read also where they
 // are not used: what is unread when the handler ends is where the search for the next keyword begins.
-Criteria read_criteria(Card& card, int mtyp)
+Criteria read_criteria(Card& card, int type)
 {
     Criteria criteria;
-    switch (mtyp) {
-    case mtyp::plastic_kinematic:  // *MAT_PLASTIC_KINEMATIC: SRC, SRP, FS
-        card.another();
-        pass_fields(card, 2);
-        criteria.fstrain = card.real();
+    float unused;
+    switch (type) {
+    case mtyp::plastic_kinematic:  // card 2: SRC, SRP, FS
+        card.another(unused, unused, criteria.fstrain);
         break;
-    case mtyp::null:  // *MAT_NULL: RO, PC, MU, TEROD, CEROD
-        pass_fields(card, 3);
-        criteria.maxrvol = card.real();
-        criteria.minrvol = card.real();
+    case mtyp::null:  // RO, PC, MU, TEROD, CEROD
+        card.read(unused, unused, unused, criteria.maxrvol, criteria.minrvol);
         break;
-    case mtyp::elastic_plastic_hydro:  // *MAT_ELASTIC_PLASTIC_HYDRO: RO, G, SIGY, EH, PC, FS
-        pass_fields(card, 6);
+    case mtyp::elastic_plastic_hydro:  // RO, G, SIGY, EH, PC, FS
+        card.read(unused, unused, unused, unused, unused, unused);
         criteria.fstrain = 0.0f;  // sic: whatever FS is
         break;
-    case mtyp::steinberg:  // *MAT_STEINBERG_TITLE: RO, G0, SIGO, BETA, N
-        pass_fields(card, 5);
+    case mtyp::steinberg:  // RO, G0, SIGO, BETA, N
+        card.read(unused, unused, unused, unused, unused);
         break;
-    case mtyp::isotropic_elastic_failure:  // *MAT_ISOTROPIC_ELASTIC_FAILURE: EPF, PRF, REM, TREM
-        card.another();
-        pass_fields(card, 4);
+    case mtyp::isotropic_elastic_failure:  // card 2: EPF, PRF, REM, TREM
+        card.another(unused, unused, unused, unused);
         criteria.fstrain = 0.0f;  // sic: whatever EPF is; the material has it as "fs"
         break;
-    case mtyp::johnson_cook:   // *MAT_JOHNSON_COOK: RO, G, E, PR, DTF
-        pass_fields(card, 5);  // sic: DTF does not become the minimum time step
+    case mtyp::johnson_cook:  // RO, G, E, PR, DTF; sic: DTF does not become the minimum time step
+        card.read(unused, unused, unused, unused, unused);
         break;
-    case mtyp::simplified_johnson_cook:  // *MAT_SIMPLIFIED_JOHNSON_COOK: A, B, N, C, PSFAIL
-        card.another();
-        pass_fields(card, 4);
-        criteria.fstrain = card.real();
+    case mtyp::simplified_johnson_cook:  // card 2: A, B, N, C, PSFAIL
+        card.another(unused, unused, unused, unused, criteria.fstrain);
         break;
     default:
         break;
@@ -78,13 +66,16 @@ Criteria read_criteria(Card& card, int mtyp)
 }
 }  // namespace
 
-void failure(int mtyp)
+// *MAT_ELASTIC, *MAT_ELASTIC_PLASTIC_HYDRO, *MAT_HIGH_EXPLOSIVE_BURN, *MAT_ISOTROPIC_ELASTIC_FAILURE,
+// *MAT_ISOTROPIC_ELASTIC_PLASTIC, *MAT_JOHNSON_COOK, *MAT_JOHNSON_HOLMQUIST_CERAMICS, *MAT_MOONEY-RIVLIN_RUBBER,
+// *MAT_NULL, *MAT_PLASTIC_KINEMATIC, *MAT_RIGID, *MAT_SIMPLIFIED_JOHNSON_COOK, *MAT_STEINBERG_TITLE, *MAT_VISCOELASTIC
+void failure(int type)
 {
     if (ends_in_title()) skip_title();
     Card card;
-    card.first();
-    const Word mid = card.word();
-    const Criteria c = read_criteria(card, mtyp);
+    Word mid;
+    card.first(mid);
+    const Criteria c = read_criteria(card, type);
 
     print(inpfile, " Failure definition:%10s %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e %10.3e\n", mid.text,
           c.fstrain, c.dtmin, c.minrvol, c.maxrvol, c.skew, c.aspect, c.pmax, c.scalej);

@@ -1,6 +1,4 @@
 // Materials that take their pressure from an equation of state: hydrodynamic, explosive, fluid.
-#include <cstdio>
-
 #include "materials/definition.h"
 #include "materials/materials.h"
 #include "reader/card.h"
@@ -8,7 +6,7 @@
 #include "reader/keyword.h"
 #include "reader/run.h"
 
-// *MAT_ELASTIC_PLASTIC_HYDRO, also as _SPALL, which has a card more
+// *MAT_ELASTIC_PLASTIC_HYDRO, also as _SPALL, which has a card more, each also as _TITLE
 void matelasticplastichydro()
 {
     const Title title =
@@ -29,7 +27,7 @@ void matelasticplastichydro()
     };
     for (auto& points : curve) {
         card.another();
-        for (Labelled& point : points) point.real = card.real();
+        for (Labelled& point : points) card.read(point.real);
     }
     const float epflag = fs > 0.0f ? 1.0f : 0.0f;
 
@@ -42,7 +40,7 @@ void matelasticplastichydro()
     log_unused({{"charl", charl}});
 }
 
-// *MAT_HIGH_EXPLOSIVE_BURN
+// *MAT_HIGH_EXPLOSIVE_BURN, also as _TITLE
 void matheburn()
 {
     const Title title = title_if(keyword_is("*MAT_HIGH_EXPLOSIVE_BURN_TITLE"), "HE Burn             ");
@@ -52,10 +50,10 @@ void matheburn()
     card.first(mid, ro, d, pcj, beta, k, g, sigy);
     const bool beta_available = beta == 1.0f || beta == 2.0f;
     const float ilopt = beta == 1.0f ? 1.0f : 0.0f;
-    if (!beta_available) {
-        std::printf("\nWarning: Beta=%f is not an available option in Kestrune.\n", beta);
-        std::printf("Assuming ilopt=0.0\n");
-    }
+    if (!beta_available)
+        warn("\nWarning: Beta=%f is not an available option in Kestrune.\n"
+             "Assuming ilopt=0.0\n",
+             beta);
 
     write_material(mid, mtyp::high_explosive_burn, ro, title);
     write_group({{"d", d}, {"pcj", pcj}, {"ilopt", ilopt}});
@@ -67,7 +65,7 @@ void matheburn()
     log_fields({{"k", k}, {"g", g}, {"sigy", sigy}});
 }
 
-// *MAT_NULL; its erosion volumes go into the failure definition
+// *MAT_NULL, also as _TITLE; its erosion volumes go into the failure definition
 void matnull()
 {
     const Title title = title_if(keyword_is("*MAT_NULL_TITLE"), "Fluid               ");

@@ -1,6 +1,4 @@
-// *HOURGLASS: hourglass and bulk viscosity of the parts that name the definition.
-#include <cstdio>
-
+// Hourglass and bulk viscosity of the parts that name the definition.
 #include "materials/definition.h"
 #include "materials/materials.h"
 #include "reader/card.h"
@@ -8,6 +6,12 @@
 #include "reader/keyword.h"
 #include "reader/run.h"
 
+namespace
+{
+constexpr char changed[] = "%10s:%10i . . . Changing to 1 in Kestrune input\n";
+}
+
+// *HOURGLASS, also as _TITLE
 void hourglass()
 {
     if (keyword_is("*HOURGLASS_TITLE")) skip_title();
@@ -17,23 +21,23 @@ void hourglass()
     float qm, q1, q2, qb, qw;
     card.first(hgid, ihq, qm, ibq, q1, q2, qb, qw);
 
+    const bool ihq_available = ihq <= 5;
+    const bool ibq_available = ibq == 0 || ibq == 1;
+    if (!ihq_available)
+        warn("\nWarning: type %i is not available for hourglass\n"
+             "Changing hourglass type to 1\n",
+             ihq);
+    if (!ibq_available)
+        warn("\nWarning: type %i is not available for bulk viscosity\n"
+             "Changing bulk viscosity type to 1\n",
+             ibq);
+
+    print(inpfile, " Hourglass formulation definition: %10s %7i %7.2f %7i %7.2f %7.2f\n", hgid.text,
+          ihq_available ? ihq : 1, qm, 1, q1, q2);
+
     log_recognized();
     log_ignored_title();  // sic: also when there is no title
     log_unused({{"qb", qb}, {"qw", qw}});
-
-    if (ihq > 5) {
-        print(outfile, "%10s:%10i . . . Changing to 1 in Kestrune input\n", "ihq", ihq);
-        std::printf("\nWarning: type %i is not available for hourglass\n", ihq);
-        std::printf("Changing hourglass type to 1\n");
-        ihq = 1;
-    }
-    if (ibq != 0 && ibq != 1) {
-        print(outfile, "%10s:%10i . . . Changing to 1 in Kestrune input\n", "qtype", ibq);
-        std::printf("\nWarning: type %i is not available for bulk viscosity\n", ibq);
-        std::printf("Changing bulk viscosity type to 1\n");
-    }
-    ibq = 1;
-
-    print(inpfile, " Hourglass formulation definition: %10s %7i %7.2f %7i %7.2f %7.2f\n", hgid.text, ihq, qm, ibq, q1,
-          q2);
+    if (!ihq_available) print(outfile, changed, "ihq", ihq);
+    if (!ibq_available) print(outfile, changed, "qtype", ibq);
 }

@@ -1,5 +1,4 @@
 // The materials of Johnson and Cook and of Johnson and Holmquist.
-#include <cstdio>
 #include <string_view>
 
 #include "materials/definition.h"
@@ -14,12 +13,15 @@ namespace
 {
 constexpr char johnson_cook_title[] = "Johnson Cook        ";
 
-// What the solver's material takes, under the solver's labels; the full and the simplified keyword share it.
+// What the solver's material takes, under the solver's labels. The simplified keyword does not carry all of it; what it
+// leaves as it is stands here.
 struct JohnsonCook {
-    float smod, a, b, n, c, m, tm, tr;
-    float epso, cp, pcut, ispall, iter;
-    float d1, d2, d3, d4, d5;
-    float ymod, pr, dtf;
+    float smod, a, b, n, c;
+    float m = 1.0f, tm = 1.0e20f, tr = 298.0f;
+    float epso;
+    float cp = 1.0e10f, pcut = -1.0e20f, ispall = 0.0f, iter = 0.0f;
+    float d1, d2 = 0.0f, d3 = 0.0f, d4 = 0.0f, d5 = 0.0f;
+    float ymod, pr, dtf = 0.0f;
 };
 
 void write_johnson_cook(const JohnsonCook& jc)
@@ -46,91 +48,49 @@ void write_johnson_cook(const JohnsonCook& jc)
 }
 }  // namespace
 
-// *MAT_JOHNSON_COOK
+// *MAT_JOHNSON_COOK, also as _TITLE
 void matjohnsoncook()
 {
     const Title title = title_if(keyword_is("*MAT_JOHNSON_COOK_TITLE"), johnson_cook_title);
     Card card;
     Word mid;
-    float ro, g, e, pr, dtf, vp, rateop;
-    card.first(mid, ro, g, e, pr, dtf, vp, rateop);
-    float a, b, n, c, m, tm, tr, epso;
-    card.another(a, b, n, c, m, tm, tr, epso);
-    float cp, pc, spall, it, d1, d2, d3, d4;
-    card.another(cp, pc, spall, it, d1, d2, d3, d4);
-    float d5, c2p;
-    card.another(d5, c2p);
+    float ro, vp, rateop, c2p;
+    JohnsonCook jc;
+    card.first(mid, ro, jc.smod, jc.ymod, jc.pr, jc.dtf, vp, rateop);
+    card.another(jc.a, jc.b, jc.n, jc.c, jc.m, jc.tm, jc.tr, jc.epso);
+    card.another(jc.cp, jc.pcut, jc.ispall, jc.iter, jc.d1, jc.d2, jc.d3, jc.d4);
+    card.another(jc.d5, c2p);
 
     write_material(mid, mtyp::johnson_cook, ro, title);
-    write_johnson_cook({.smod = g,
-                        .a = a,
-                        .b = b,
-                        .n = n,
-                        .c = c,
-                        .m = m,
-                        .tm = tm,
-                        .tr = tr,
-                        .epso = epso,
-                        .cp = cp,
-                        .pcut = pc,
-                        .ispall = spall,
-                        .iter = it,
-                        .d1 = d1,
-                        .d2 = d2,
-                        .d3 = d3,
-                        .d4 = d4,
-                        .d5 = d5,
-                        .ymod = e,
-                        .pr = pr,
-                        .dtf = dtf});
+    write_johnson_cook(jc);
 
     log_recognized();
     log_unused({{"vp", vp}, {"rateop", rateop}, {"c2p", c2p}});
 }
 
-// *MAT_SIMPLIFIED_JOHNSON_COOK: the full material, with fixed values for what this keyword does not carry
+// *MAT_SIMPLIFIED_JOHNSON_COOK, also as _TITLE: the full material, with fixed values for what this keyword lacks
 void matsimpjohnsoncook()
 {
-    // sic: "transfering simplifed"
-    std::printf("\nWarning: Some variables are unavailable when transfering simplifed jc\n");
-    std::printf("to the full johnson cook model\n");
     const Title title = title_if(keyword_is("*MAT_SIMPLIFIED_JOHNSON_COOK_TITLE"), johnson_cook_title);
     Card card;
     Word mid;
-    float ro, e, pr, vp;
-    card.first(mid, ro, e, pr, vp);
-    float a, b, n, c, psfail, sigmax, sigsat, epso;
-    card.another(a, b, n, c, psfail, sigmax, sigsat, epso);
-    const float g = quotient(e, 2.0f * (1.0f + pr));
+    float ro, vp, sigmax, sigsat;
+    JohnsonCook jc;
+    card.first(mid, ro, jc.ymod, jc.pr, vp);
+    card.another(jc.a, jc.b, jc.n, jc.c, jc.d1, sigmax, sigsat, jc.epso);  // D1 is PSFAIL
+    // sic: "transfering simplifed"
+    warn("\nWarning: Some variables are unavailable when transfering simplifed jc\n"
+         "to the full johnson cook model\n");
+    jc.smod = quotient(jc.ymod, 2.0f * (1.0f + jc.pr));
 
     write_material(mid, mtyp::johnson_cook, ro, title);
-    write_johnson_cook({.smod = g,
-                        .a = a,
-                        .b = b,
-                        .n = n,
-                        .c = c,
-                        .m = 1.0f,
-                        .tm = 1.0e20f,
-                        .tr = 298.0f,
-                        .epso = epso,
-                        .cp = 1.0e10f,
-                        .pcut = -1.0e20f,
-                        .ispall = 0.0f,
-                        .iter = 0.0f,
-                        .d1 = psfail,
-                        .d2 = 0.0f,
-                        .d3 = 0.0f,
-                        .d4 = 0.0f,
-                        .d5 = 0.0f,
-                        .ymod = e,
-                        .pr = pr,
-                        .dtf = 0.0f});
+    write_johnson_cook(jc);
 
     log_recognized();
     log_unused({{"smax", sigmax}, {"sigsat", sigsat}, {"vp", vp}});
 }
 
-// *MAT_JOHNSON_HOLMQUIST_CERAMICS
+// *MAT_JOHNSON_HOLMQUIST_CERAMICS, also as _TITLE
 void matjohnsonholmquistceramic()
 {
     // sic: without the S of the keyword, and compared whole. So the title form gets the default title here, and its

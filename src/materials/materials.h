@@ -66,8 +66,8 @@ inline constexpr int johnson_holmquist_ceramics = 43;
 inline constexpr int simplified_johnson_cook = 98;  // of failure definitions alone: the material is a johnson_cook
 }  // namespace mtyp
 
-// The failure definition of a material keyword, under the material's identifier. mtyp is the type that the failure pass
-// gives the keyword. Nothing is logged. Sets edflag.
-void failure(int mtyp);
+// The failure definition of a material keyword, under the material's identifier. `type` is that of mtyp that the
+// failure pass gives the keyword. Nothing is logged. Sets edflag.
+void failure(int type);
 
 void hourglass();  // *HOURGLASS

@@ -33,8 +33,8 @@ constexpr PassRow eos_rows[] = {
     {"*EOS_GRUNEISEN", handler<eosmgrun>, "EOS definition, type 4"},
     {"*EOS_IGNITION_AND_GROWTH_OF_REACTION_IN_HE", handler<eosigrb>, "EOS definition, type 7"},
     {"*EOS_JWL", handler<eosjwl>, "EOS definition, type 2"},
-    {"*EOS_LINEAR_POLYNOMIAL_TITLE", handler<eoslinearpoly>,
-     "EOS definition, type 1"},  // sic: without a title it is skipped
+    // sic: without a title it is skipped
+    {"*EOS_LINEAR_POLYNOMIAL_TITLE", handler<eoslinearpoly>, "EOS definition, type 1"},
     {"*EOS", skipped},
     {"*END", end_of_pass},
 };
@@ -53,8 +53,8 @@ constexpr PassRow failure_rows[] = {
     {"*MAT_ISOTROPIC_ELASTIC_PLASTIC", handler<failure, mtyp::isotropic_elastic_plastic>, "Failure definition"},
     {"*MAT_JOHNSON_COOK", handler<failure, mtyp::johnson_cook>, "Failure definition"},
     {"*MAT_JOHNSON_HOLMQUIST_CERAMICS", handler<failure, mtyp::johnson_holmquist_ceramics>, "Failure definition"},
-    {"*MAT_MOONEY-RIVLIN_RUBBER", handler<failure, mtyp::viscoelastic>,
-     "Failure definition"},  // sic: the material itself is of type 27
+    // sic: the material itself is of another type
+    {"*MAT_MOONEY-RIVLIN_RUBBER", handler<failure, mtyp::viscoelastic>, "Failure definition"},
     {"*MAT_NULL", handler<failure, mtyp::null>, "Failure definition"},
     {"*MAT_PLASTIC_KINEMATIC", handler<failure, mtyp::plastic_kinematic>, "Failure definition"},
     {"*MAT_RIGID", handler<failure, mtyp::rigid>, "Failure definition"},
@@ -90,8 +90,8 @@ constexpr PassRow material_rows[] = {
     {"*MAT_VISCOELASTIC_THERMAL", skipped},
     {"*MAT_VISCOELASTIC_HILL_FOAM", skipped},
     {"*MAT_VISCOELASTIC", handler<matviscoelastic>, "Material Definition, type 6"},
-    {"*MAT_STEINBERG_TITLE", handler<matsteinberg>,
-     "Material Definition, type 11"},  // sic: without a title it is skipped
+    // sic: without a title it is skipped
+    {"*MAT_STEINBERG_TITLE", handler<matsteinberg>, "Material Definition, type 11"},
     {"*MAT", skipped},
     {"*END", end_of_pass},
 };

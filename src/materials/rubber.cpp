@@ -5,7 +5,7 @@
 #include "reader/debug_log.h"
 #include "reader/keyword.h"
 
-// *MAT_MOONEY-RIVLIN_RUBBER
+// *MAT_MOONEY-RIVLIN_RUBBER, also as _TITLE
 void matmooney()
 {
     // sic: the default title is two characters wider than its column
@@ -17,8 +17,7 @@ void matmooney()
     float sgl, sw, st, lcid;
     card.another(sgl, sw, st, lcid);
 
-    write_material(mid, mtyp::mooney_rivlin_rubber, ro,
-                   title);  // sic: but its failure definition is made as for type 6
+    write_material(mid, mtyp::mooney_rivlin_rubber, ro, title);  // sic: its failure definition is made as for type 6
     write_group({{"a", a}, {"b", b}, {"nu", pr}});
     write_blank_slots(5);
 
@@ -26,7 +25,7 @@ void matmooney()
     log_unused({{"ref", ref}, {"sgl", sgl}, {"sw", sw}, {"st", st}, {"lcid", lcid}});
 }
 
-// *MAT_VISCOELASTIC
+// *MAT_VISCOELASTIC, also as _TITLE
 void matviscoelastic()
 {
     const Title title = title_if(keyword_is("*MAT_VISCOELASTIC_TITLE"), "Viscoelastic        ");
