@@ -186,6 +186,7 @@ void convert_segment(std::string_view line)
 
 const Pass set_keywords{"sets", set_rows};
 
+// *SET_NODE, *SET_SOLID, *SET_SHELL, *SET_PART, each also as _LIST and as _TITLE
 void setcard(SetType type)
 {
     const bool has_title = titled();
@@ -207,6 +208,7 @@ void setcard(SetType type)
         log_attributes(attributes);
 }
 
+// *SET_SEGMENT, also as _TITLE
 void setsegment()
 {
     const bool has_title = keyword_is("*SET_SEGMENT_TITLE") || keyword_is("*SET_SEGMENT_LIST_TITLE");
