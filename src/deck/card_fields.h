@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,8 +23,8 @@ struct FieldText {
 };
 
 // True when the card is in free format: it has a comma and numeric fields. A heading is never free; an id card (a
-// number, then a heading) is when a comma ends the number.
-bool is_free(std::string_view line, const CardLayout& card, Format format);
+// number, then a heading) is when a comma ends the number. Commas in an "<expression>" do not count.
+bool is_free(std::string_view line, const CardLayout& card);
 
 // The fields of a card in the layout's order. Fields beyond the line's end are there, with empty texts.
 void split_card(std::string_view line, const CardLayout& card, Format format, bool bulk, std::vector<FieldText>& to);
@@ -32,5 +32,8 @@ std::vector<FieldText> split_card(std::string_view line, const CardLayout& card,
 
 // What stands behind the last field of the layout, from its first character that is no blank; column from 0.
 FieldText behind_fields(std::string_view line, const CardLayout& card, Format format, bool bulk);
+
+// The line with blanks for its tabs, at stops of eight columns.
+std::string with_tabs_expanded(std::string_view line);
 
 }  // namespace deck
