@@ -8,6 +8,7 @@
 #include "reader/debug_log.h"
 #include "reader/keyword.h"
 #include "reader/numbers.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 // *TITLE: the title of the main deck is the line as it stands, cut to 46 characters.
@@ -16,6 +17,7 @@ void titlecard()
     constexpr std::size_t most = sizeof run_settings.title - 1;
     char* const title = run_settings.title;
     skip_comments();
+    const Watched watched;
     std::size_t count = 0;
     while (count < most && (count == 0 || title[count - 1] != '\n')) title[count++] = infile.next();
     title[count] = '\0';

@@ -10,6 +10,7 @@
 #include "loading/loading.h"
 #include "materials/materials.h"
 #include "reader/deck_lines.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
@@ -82,6 +83,7 @@ void open_infile(Reads source)
         report_fault(name_of(source), "it cannot be read");
     else
         infile.use_index(source == Reads::deck ? &deck_index : &copy_index);
+    if (observer != nullptr) observer->reads_deck(source == Reads::deck);
 }
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include "loading/loading.h"
 #include "reader/card.h"
 #include "reader/keyword.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
@@ -15,6 +16,7 @@ struct Heading {
 
 Heading read_heading()
 {
+    const Watched watched;
     Heading heading;
     std::size_t length = 0;
     for (char c = infile.next(); c != '\n'; c = infile.next())

@@ -6,34 +6,52 @@
 
 #include "reader/keyword.h"
 #include "reader/numbers.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
 {
-// The next field's characters, consumed; empty when the field is empty.
+// The next field's characters, consumed, as far as the line holds them.
 std::string_view take_field(int width, int* open)
 {
     if (*open != 1) return {};
     const std::string_view field = infile.ahead(static_cast<std::size_t>(width));
     infile.advance(field.size());
-    if (field.size() < static_cast<std::size_t>(width)) {
-        *open = 0;  // the newline stays unread; the characters before it are lost
-        return {};
-    }
-    return field.back() == ' ' ? std::string_view{} : field;
+    if (field.size() < static_cast<std::size_t>(width)) *open = 0;  // the newline stays unread
+    return field;
+}
+
+// sic: characters that do not reach the field's last column are lost
+bool is_empty(std::string_view field, int width)
+{
+    return field.size() < static_cast<std::size_t>(width) || field.back() == ' ';
+}
+
+void tell(std::string_view field, int width, bool number, double value)
+{
+    if (observer == nullptr) return;
+    observer->field({.begin = infile.position() - field.size(),
+                     .width = width,
+                     .characters = field,
+                     .empty = is_empty(field, width),
+                     .number = number,
+                     .value = value});
 }
 }  // namespace
 
 double fblanks(int width, int* open)
 {
     const std::string_view field = take_field(width, open);
-    return field.empty() ? 0.0 : field_value(field);
+    const double value = is_empty(field, width) ? 0.0 : field_value(field);
+    tell(field, width, true, value);
+    return value;
 }
 
 void readstring(char* destination, int width, int* open)
 {
     const std::string_view field = take_field(width, open);
-    if (field.empty()) {
+    tell(field, width, false, 0.0);
+    if (is_empty(field, width)) {
         std::memcpy(destination, " 0", 3);
         return;
     }
@@ -44,6 +62,7 @@ void readstring(char* destination, int width, int* open)
 Title readtitle()
 {
     skip_comments();
+    const Watched watched;
     Title title;
     std::size_t count = 0;
     constexpr std::size_t most = sizeof title.text - 1;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
@@ -22,6 +23,7 @@ void keyword()
     infile.to_keyword();
     const std::string_view kept = infile.ahead(sizeof cbuffer - 1);
     *std::transform(kept.begin(), kept.end(), cbuffer, upper) = '\0';
+    if (observer != nullptr) observer->keyword_line(infile.position());
     infile.skip_line();
 }
 

@@ -1,6 +1,7 @@
 #include "reader/pass.h"
 
 #include "reader/keyword.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
@@ -16,13 +17,16 @@ const PassRow* matching_row(const Pass& pass)
 
 void run_pass(const Pass& pass)
 {
+    if (observer != nullptr) observer->pass_begins(pass);
     infile.rewind();
     for (;;) {
         keyword();
         const PassRow* const row = matching_row(pass);
+        if (observer != nullptr) observer->row_begins(row);
         if (row == nullptr) continue;
         if (row->action.treatment == Treatment::end_of_pass) return;
         row->action.run();
+        if (observer != nullptr) observer->row_ends();
     }
 }
 
