@@ -8,10 +8,11 @@ cd "$1"
 rows=$(sed -n 's/^| `\(\*[^`]*\)` | [^|]* | `\([a-z0-9_]*\)`: .*/\1 \2/p' docs/keywords.md)
 [ -n "$rows" ] || { echo "no row of docs/keywords.md names a handler"; exit 1; }
 keywords=$(echo "$rows" | cut -d ' ' -f 1)
+definitions=$(grep -r --include='*.cpp' '^void [a-z0-9_]*(.*)$' src)
 
 status=0
 while read -r keyword handler; do
-    file=$(grep -rl --include='*.cpp' "^void $handler(.*)\$" src) || true
+    file=$(echo "$definitions" | sed -n "s/:void $handler(.*//p")
     if [ ! -f "$file" ]; then
         echo "$handler: defined in no source file, or in several"
         status=1

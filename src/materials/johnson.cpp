@@ -13,8 +13,7 @@ namespace
 {
 constexpr char johnson_cook_title[] = "Johnson Cook        ";
 
-// What the solver's material takes, under the solver's labels. The simplified keyword does not carry all of it; what it
-// leaves as it is stands here.
+// What the solver's material takes, under the solver's labels. Values stand here where the simplified keyword has none.
 struct JohnsonCook {
     float smod, a, b, n, c;
     float m = 1.0f, tm = 1.0e20f, tr = 298.0f;
@@ -71,6 +70,9 @@ void matjohnsoncook()
 // *MAT_SIMPLIFIED_JOHNSON_COOK, also as _TITLE: the full material, with fixed values for what this keyword lacks
 void matsimpjohnsoncook()
 {
+    // sic: "transfering simplifed"
+    warn("\nWarning: Some variables are unavailable when transfering simplifed jc\n"
+         "to the full johnson cook model\n");
     const Title title = title_if(keyword_is("*MAT_SIMPLIFIED_JOHNSON_COOK_TITLE"), johnson_cook_title);
     Card card;
     Word mid;
@@ -78,9 +80,6 @@ void matsimpjohnsoncook()
     JohnsonCook jc;
     card.first(mid, ro, jc.ymod, jc.pr, vp);
     card.another(jc.a, jc.b, jc.n, jc.c, jc.d1, sigmax, sigsat, jc.epso);  // D1 is PSFAIL
-    // sic: "transfering simplifed"
-    warn("\nWarning: Some variables are unavailable when transfering simplifed jc\n"
-         "to the full johnson cook model\n");
     jc.smod = quotient(jc.ymod, 2.0f * (1.0f + jc.pr));
 
     write_material(mid, mtyp::johnson_cook, ro, title);
