@@ -76,7 +76,7 @@ class DeckReader
 {
 public:
     // `report` gets MD122 (missing, cyclic, unreadable, too deep), MD123, MD124 and MD402 (of parameters). Throws Fault
-    // when the main deck cannot be read; `shown_name` is its name in findings, by default its file name.
+    // when the main deck cannot be read;.
     explicit DeckReader(const std::filesystem::path& main_deck, Report report, ReaderLimits limits = {});
     ~DeckReader();
     DeckReader(const DeckReader&) = delete;

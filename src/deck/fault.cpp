@@ -5,6 +5,16 @@
 namespace deck
 {
 
+Problem problem_at(Place place, std::string code, std::string message, Severity severity)
+{
+    Problem problem;
+    problem.place = std::move(place);
+    problem.severity = severity;
+    problem.code = std::move(code);
+    problem.message = std::move(message);
+    return problem;
+}
+
 std::string to_string(const Problem& problem)
 {
     std::string text;

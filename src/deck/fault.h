@@ -27,6 +27,8 @@ struct Problem {
     std::string message;
 };
 
+Problem problem_at(Place place, std::string code, std::string message, Severity severity = Severity::error);
+
 // Where the room tells what it finds. It goes on reading behind the call; who wants to stop there throws a Fault.
 using Report = std::function<void(const Problem&)>;
 

@@ -56,6 +56,9 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
+    // The lines that have been read so far.
+    [[nodiscard]] std::size_t lines_read() const { return lines_; }
+
 private:
     struct Open;
     void open();

@@ -64,7 +64,10 @@ public:
 
 private:
     friend class ParameterBlock;
-    enum class Duplicates { keep_first, take_last, error };
+    [[nodiscard]] Evaluation computed(std::string_view expression) const;
+    [[nodiscard]] std::optional<std::string> put_together(std::string_view text) const;
+
+    enum class Duplicates { keep_first, take_last, error };  // of parameters that are not mutable
     using Scope = std::map<std::string, Definition, std::less<>>;
 
     std::vector<Scope> scopes_{1};  // the first holds what is known everywhere; then one for each file that is open
@@ -92,11 +95,17 @@ private:
         std::size_t line = 0;
         std::size_t column = 0;
     };
+    // A part of a line, and its column from 0.
+    struct Part {
+        std::string_view text;
+        std::size_t column = 0;
+    };
     void take_pairs(std::string_view text, std::size_t line_number);
     void take_expression(std::string_view text, std::size_t line_number);
     void take_duplication(std::string_view text);
-    void define(std::string_view prefixed_name, std::string_view value, bool expression, std::size_t line_number,
-                std::size_t column);
+    void problem(const std::string& message, std::size_t line_number, std::size_t column);
+    std::optional<Value> value_of(char type, const std::string& name, const Part& part, std::size_t line_number);
+    void define(const Part& prefixed_name, const Part& value, std::size_t line_number);
     void store(const std::string& name, Value value, const Place& place);
 
     Parameters* parameters_;
@@ -107,6 +116,7 @@ private:
     bool local_ = false;
     bool mutable_ = false;
     bool duplication_ = false;
+    bool typed_ = false;
     std::optional<Pending> pending_;
 };
 
