@@ -1,4 +1,4 @@
-// Whole blocks of cards, from text in memory to rows in the output's buffer: the quick way and the way field by field.
+// Whole blocks of cards, from text in memory to rows in the output's buffer.
 // What is written goes nowhere, so that the disk has no part in it.
 #include <cstddef>
 #include <cstdint>
@@ -40,15 +40,13 @@ std::string block_of(std::string_view head, std::string_view card, std::string_v
     return deck += "*END\n";
 }
 
-void convert(benchmark::State& state, void (*handler)(), const std::string& deck, bool fast)
+void convert(benchmark::State& state, void (*handler)(), const std::string& deck)
 {
-    fast_cards = fast;
     if (!geomfile.open(nowhere) || !setfile.open(nowhere)) state.SkipWithError("there is no /dev/null");
     for (auto _ : state) {
         infile.open_text(deck, stream_window);
         handler();
     }
-    fast_cards = true;
     infile.close();
     geomfile.close();
     setfile.close();
@@ -61,49 +59,42 @@ void node_set()
     setcard(SetType::node);
 }
 
-void nodes(benchmark::State& state, bool fast)
+void nodes(benchmark::State& state)
 {
-    convert(state, node, block_of("", node_card), fast);
+    convert(state, node, block_of("", node_card));
 }
-void solids(benchmark::State& state, bool fast)
+void solids(benchmark::State& state)
 {
-    convert(state, esolid, block_of("", element_card), fast);
+    convert(state, esolid, block_of("", element_card));
 }
-void shells(benchmark::State& state, bool fast)
+void shells(benchmark::State& state)
 {
-    convert(state, eshell, block_of("", shell_card), fast);
+    convert(state, eshell, block_of("", shell_card));
 }
-void thick_shells(benchmark::State& state, bool fast)
+void thick_shells(benchmark::State& state)
 {
-    convert(state, eshellt, block_of("", shell_card, thickness_card), fast);
+    convert(state, eshellt, block_of("", shell_card, thickness_card));
 }
-void particles(benchmark::State& state, bool fast)
+void particles(benchmark::State& state)
 {
-    convert(state, esph, block_of("", particle_card), fast);
+    convert(state, esph, block_of("", particle_card));
 }
-void set_members(benchmark::State& state, bool fast)
+void set_members(benchmark::State& state)
 {
-    convert(state, node_set, block_of("         1\n", set_card), fast);
+    convert(state, node_set, block_of("         1\n", set_card));
 }
-void segments(benchmark::State& state, bool fast)
+void segments(benchmark::State& state)
 {
-    convert(state, setsegment, block_of("         1\n", segment_card), fast);
+    convert(state, setsegment, block_of("         1\n", segment_card));
 }
 
-BENCHMARK_CAPTURE(nodes, lines, true);
-BENCHMARK_CAPTURE(nodes, fields, false);
-BENCHMARK_CAPTURE(solids, lines, true);
-BENCHMARK_CAPTURE(solids, fields, false);
-BENCHMARK_CAPTURE(shells, lines, true);
-BENCHMARK_CAPTURE(shells, fields, false);
-BENCHMARK_CAPTURE(thick_shells, lines, true);
-BENCHMARK_CAPTURE(thick_shells, fields, false);
-BENCHMARK_CAPTURE(particles, lines, true);
-BENCHMARK_CAPTURE(particles, fields, false);
-BENCHMARK_CAPTURE(set_members, lines, true);
-BENCHMARK_CAPTURE(set_members, fields, false);
-BENCHMARK_CAPTURE(segments, lines, true);
-BENCHMARK_CAPTURE(segments, fields, false);
+BENCHMARK(nodes);
+BENCHMARK(solids);
+BENCHMARK(shells);
+BENCHMARK(thick_shells);
+BENCHMARK(particles);
+BENCHMARK(set_members);
+BENCHMARK(segments);
 
 // ---- finding things ------------------------------------------------------------------------------------------------
 

@@ -1,8 +1,9 @@
 // Compares the writers of reals with std::to_chars on every single-precision value, which takes some minutes.
 //
-//     every_float [STEP]
+//     every_float [STEP [THREADS]]
 //
-// STEP above 1 takes only every so many bit patterns. The status is 1 when a value differs.
+// STEP above 1 takes only every so many bit patterns. THREADS is as many as there are processors unless it is given.
+// The status is 1 when a value differs.
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -15,7 +16,7 @@
 #include <thread>
 #include <vector>
 
-#include "reader/numbers.h"
+#include "reader/number_writers.h"
 
 namespace
 {
@@ -73,7 +74,8 @@ void compare_from(std::uint64_t first, std::uint64_t step, Result& result)
 int main(int argc, char* argv[])
 {
     const std::uint64_t step = argc > 1 ? std::max(1ULL, std::strtoull(argv[1], nullptr, 10)) : 1;
-    const std::uint64_t count = std::max(1U, std::thread::hardware_concurrency());
+    const std::uint64_t count =
+        std::max(1ULL, argc > 2 ? std::strtoull(argv[2], nullptr, 10) : std::thread::hardware_concurrency());
     std::vector<Result> results(count);
     std::vector<std::thread> threads;
     for (std::uint64_t i = 0; i < count; ++i)

@@ -13,6 +13,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bulk/eight_columns.h"
+#include "reader/number_writers.h"
 #include "reader/numbers.h"
 
 namespace

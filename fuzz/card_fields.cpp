@@ -175,7 +175,7 @@ public:
             plain_.to_keyword();
             break;
         case 16:
-            take_line();
+            take_columns(argument % 80 + 1);
             break;
         default:
             open_ = 1;
@@ -224,31 +224,30 @@ private:
         for (std::size_t i = 0; i < seen.size(); ++i) expect(seen[i] == plain_.at(plain_.position + i), "ahead");
     }
 
+    // A line may be refused only when it does not fit into the window.
     void look_at_line()
     {
         std::string_view line;
-        check_line(infile.whole_line(line), line);
-    }
-
-    void take_line()
-    {
-        std::string_view line;
-        if (!check_line(card_.take_line(line), line)) return;
-        plain_.skip_line();
-        begun_ = false;
-    }
-
-    // A line may be refused only when it does not fit into the window.
-    bool check_line(bool whole, std::string_view line)
-    {
+        const bool whole = infile.whole_line(line);
         const std::size_t length = plain_.length(window_);
         if (!whole) {
             expect(length + 1 >= window_, "a line that fits");
-            return false;
+            return;
         }
         expect(line.size() == length, "a whole line: its length");
         for (std::size_t i = 0; i < length; ++i) expect(line[i] == plain_.at(plain_.position + i), "a whole line");
-        return true;
+    }
+
+    void take_columns(std::size_t n)
+    {
+        const std::size_t length = plain_.length(n + 1);
+        const std::string_view columns = card_.columns(n);
+        expect(columns.size() == std::min(length, n), "columns: their number");
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            expect(columns[i] == plain_.at(plain_.position + i), "columns");
+        begun_ = length > n;
+        plain_.position += columns.size();
+        if (!begun_) plain_.skip_line();
     }
 
     std::string_view deck_;

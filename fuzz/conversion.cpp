@@ -1,5 +1,5 @@
-// A whole conversion, from the flags and the deck to every output file, three ways: by the general reader, with the
-// quick way through bulk cards, and with a window of 64 bytes. What is written must not differ.
+// A whole conversion, from the flags and the deck to every output file, with the program's window and with the
+// smallest. What is written must not differ, and set and geometry file must be what their second derivation writes.
 //
 // The first thirteen bytes are the flags in the order of the control file, as digits; the rest is the deck.
 #include <array>
@@ -19,6 +19,7 @@
 #include "reader/keyword_copy.h"
 #include "reader/run.h"
 #include "support/convert.h"
+#include "support/plain_bulk.h"
 
 namespace
 {
@@ -28,22 +29,15 @@ constexpr std::array<int*, 13> flags = {&cardflag, &setflag,  &geomflag, &deffla
 constexpr char deck_name[] = "model.k";
 constexpr char terminal_name[] = "terminal";
 
-struct Way {
-    const char* name;
-    std::size_t window;
-    bool fast;
-};
-constexpr Way general = {"general", 256U * 1024U, false};
-constexpr Way others[] = {{"quick", 256U * 1024U, true}, {"quick, window of 64", 64, true}};
+constexpr std::size_t program_window = 262144;
 
 // What one conversion leaves behind, in a fixed order.
 using Files = std::vector<std::string>;
 
-Files convert(std::string_view settings, const Way& way)
+Files convert(std::string_view settings, std::size_t window)
 {
     reset_run();
-    stream_window = way.window;
-    fast_cards = way.fast;
+    stream_window = window;
     for (std::size_t i = 0; i < flags.size(); ++i) *flags[i] = settings[i] & 3;
     debflag = 1;
     expect(set_file_names(deck_name), "the deck's name");
@@ -71,6 +65,20 @@ Files convert(std::string_view settings, const Way& way)
     files.push_back(std::to_string(particle_count_position) + " " + std::to_string(counts.particles));
     return files;
 }
+
+// What a section's second derivation writes into the file.
+std::string plain_file(void (*section)(), OutputStream& stream)
+{
+    reset_run();
+    constexpr char name[] = "plain";
+    expect(infile.open(deck_name, program_window) && stream.open(name), "a file that cannot be opened");
+    section();
+    infile.close();
+    stream.close();
+    std::string written = contents(name);
+    std::filesystem::remove(name);
+    return written;
+}
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -87,8 +95,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view deck = input.substr(flags.size());
     const TemporaryFolder folder;
     write_file(deck_name, deck);
-    const Files expected = convert(settings, general);
-    for (const Way& way : others) expect(convert(settings, way) == expected, way.name);
+    const Files files = convert(settings, program_window);
+    const bool geometry_wanted = geomflag == 1;
+    const bool sets_wanted = setflag == 1;
+    if (geometry_wanted) expect(plain_file(plain_geometry_section, geomfile) == files[1], "another geometry file");
+    if (sets_wanted) expect(plain_file(plain_set_section, setfile) == files[2], "another set file");
+    expect(convert(settings, InputStream::smallest_window) == files, "the smallest window makes a difference");
     expect(contents(deck_name) == deck, "the deck was changed");
     expect(fault_status() == 0, "a fault");
     return 0;

@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const TemporaryFolder folder;
     const std::string_view deck(reinterpret_cast<const char*>(data), size);
     const std::string expected = copy_plainly(deck);
-    for (const std::size_t window : {64U, 65U, 113U, 4096U}) {
+    for (const std::size_t window : {128U, 129U, 213U, 4096U}) {
         infile_geom.open_text(deck, window);
         keyword_writer();
         infile_geom.close();

@@ -16,7 +16,9 @@
 #include <string>
 #include <string_view>
 
+#include "bulk/eight_columns.h"
 #include "fuzz.h"
+#include "reader/number_writers.h"
 #include "reader/numbers.h"
 
 namespace

@@ -16,32 +16,25 @@ void write_heading()
     print(geomfile, "!--- nid %20s %20s %20s %5s %5s\n", "x", "y", "z", "tc", "rc");
 }
 
-void convert_card(Card& card)
+void convert(Fields card)
 {
-    const std::int64_t nid = card.integer64(8);
-    const double x = card.real(16);
-    const double y = card.real(16);
-    const double z = card.real(16);
-    const int tc = card.integer(8);
-    const int rc = card.integer(8);
-    print(geomfile, "%8li %20.13e %20.13e %20.13e %5i %5i\n", static_cast<long>(nid), x, y, z, tc, rc);
-}
-
-void convert_line(std::string_view line)
-{
-    LineFields fields(line);
+    const std::string_view nid = card.take(8);
+    const float x = card.real(16);
+    const float y = card.real(16);
+    const float z = card.real(16);
+    const std::string_view tc = card.take(8);
+    const std::string_view rc = card.take(8);
     Row row(geomfile);
-    row.integer64(fields.take(8), 8);
-    for (int i = 0; i < 3; ++i) row.blank().real<13>(fields.real(16), 20);
-    for (int i = 0; i < 2; ++i) row.blank().integer(fields.take(8), 5);
-    row.end();
+    row.integer<std::int64_t>(nid, 8);
+    row.blank().real<13>(x, 20).blank().real<13>(y, 20).blank().real<13>(z, 20);
+    row.blank().integer<int>(tc, 5).blank().integer<int>(rc, 5).end();
 }
 }  // namespace
 
 void node()
 {
     if (counts.nodes == 0) write_heading();
-    convert_cards<convert_line, convert_card>(counts.nodes);
+    for (Card card; card.next(); ++counts.nodes) convert(card.columns(72));
     log_recognized();
     log_unused({});
 }

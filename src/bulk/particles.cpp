@@ -15,27 +15,20 @@ void write_heading()
     print(geomfile, "!--- nid %8s %16s\n", "pid", "mass");
 }
 
-void convert_card(Card& card)
+void convert(Fields card)
 {
-    const int nid = card.integer(8);
-    const int pid = card.integer(8);
-    const double mass = card.real(16);
-    print(geomfile, "%8i %8i %16.8e\n", nid, pid, mass);
-}
-
-void convert_line(std::string_view line)
-{
-    LineFields fields(line);
+    const std::string_view nid = card.take(8);
+    const std::string_view pid = card.take(8);
+    const float mass = card.real(16);
     Row row(geomfile);
-    for (int i = 0; i < 2; ++i) row.integer(fields.take(8), 8).blank();
-    row.real<8>(fields.real(16), 16).end();
+    row.integer<int>(nid, 8).blank().integer<int>(pid, 8).blank().real<8>(mass, 16).end();
 }
 }  // namespace
 
 void esph()
 {
     if (counts.particles == 0) write_heading();
-    convert_cards<convert_line, convert_card>(counts.particles);
+    for (Card card; card.next(); ++counts.particles) convert(card.columns(32));
     log_recognized();
     log_unused({});
 }

@@ -1,6 +1,5 @@
 // The set file, and the index of the sets in the main deck.
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <iterator>
 #include <string_view>
@@ -104,36 +103,22 @@ void log_attributes(const Attributes& a)
 // ---- members -------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t members_per_row = 8;
-constexpr std::size_t widest_member_card = 80;
 
-void write_member(int id, std::size_t& count)
+// True when the field's number is 0, which is no member.
+bool holds_none(std::string_view field)
 {
-    if (id == 0) return;
-    print(setfile, "%10i", id);
-    if (++count % members_per_row == 0) text(setfile, "\n");
+    if (field.empty()) return true;
+    if (field.starts_with("  ") && is_printed_integer(field.data() + 2)) return field.ends_with(" 0");
+    return integer_of<int>(field) == 0;
 }
 
-void convert_members(std::size_t& count)
+void convert_members(Fields card, std::size_t& count)
 {
-    int open = 1;
-    for (int i = 0; i < 8; ++i) write_member(to_int(fblanks(10, &open)), count);
-}
-
-void convert_members(std::string_view line, std::size_t& count)
-{
-    LineFields fields(line);
     Row row(setfile);
     for (int i = 0; i < 8; ++i) {
-        const std::string_view field = fields.take(10);
-        if (field.empty()) continue;
-        if (field[0] == ' ' && field[1] == ' ' && is_printed_integer(field.data() + 2)) {
-            if (field[8] == ' ' && field[9] == '0') continue;
-            row.text(field);
-        } else {
-            const int id = to_int(field_value(field));
-            if (id == 0) continue;
-            row.integer(id, 10);
-        }
+        const std::string_view field = card.take(10);
+        if (holds_none(field)) continue;
+        row.integer<int>(field, 10);
         if (++count % members_per_row == 0) row.end();
     }
 }
@@ -144,13 +129,9 @@ void convert_member_cards()
     std::size_t count = 0;
     char c = skip_comments();
     while (c != '*') {
-        std::string_view line;
-        if (fast_cards && infile.whole_line(line, widest_member_card)) {
-            convert_members(line, count);
-            infile.advance(line.size());
-        } else {
-            convert_members(count);
-        }
+        const std::string_view columns = infile.ahead(80);
+        convert_members(columns, count);
+        infile.advance(columns.size());
         // sic: two characters, the newline and the next line's first, not the rest of the line: a card longer than 80
         // columns goes on in mid-line
         infile.next();
@@ -161,26 +142,20 @@ void convert_member_cards()
 
 // ---- segments ------------------------------------------------------------------------------------------------------
 
-// The segment attributes, which are dropped; the log shows those of a set's last card.
-using SegmentAttributes = std::array<float, 4>;
-constexpr std::size_t first_attribute_column = 40;
+constexpr std::size_t first_attribute_column = 40;  // of a segment's own attributes, which are dropped
 
-SegmentAttributes convert_segment(Card& card)
+void convert_segment(Fields card)
 {
-    const int n1 = card.integer();
-    const int n2 = card.integer();
-    const int n3 = card.integer();
-    const int n4 = card.integer();
-    print(setfile, "%10i%10i%10i%10i\n", n1, n2, n3, n4);
-    return {card.real(), card.real(), card.real(), card.real()};
+    Row row(setfile);
+    for (int i = 0; i < 4; ++i) row.integer<int>(card.take(10), 10);
+    row.end();
 }
 
-void convert_segment(std::string_view line)
+// The attributes of a set's last segment.
+void log_segment_attributes(Fields card)
 {
-    LineFields fields(line);
-    Row row(setfile);
-    for (int i = 0; i < 4; ++i) row.integer(fields.take(10), 10);
-    row.end();
+    for (const char* name : {"a1", "a2", "a3", "a4"})
+        print(outfile, "%10s:%10.3e . . . Not all values printed\n", name, static_cast<double>(card.real(10)));
 }
 }  // namespace
 
@@ -219,29 +194,17 @@ void setsegment()
     const Attributes attributes = read_attributes(card);
     print(setfile, "\n Segment set definition :%5i%10s %-80s\n", sid, " ", title.text);
     if (cardflag == 1) print(inpfile, "!%7i%8s   %40s|\n", sid, "segment", title.text);
-    SegmentAttributes attributes_of_last{};
     LastColumns last(first_attribute_column);
-    bool whole = false;
     while (card.next()) {
-        std::string_view line;
-        whole = card.take_line(line);
-        if (whole) {
-            convert_segment(line);
-            last.keep(line);
-        } else {
-            attributes_of_last = convert_segment(card);
-        }
+        const std::string_view columns = card.columns(80);
+        convert_segment(columns);
+        last.keep(columns);
     }
-    if (LineFields fields = last.fields(); whole)
-        for (float& a : attributes_of_last) a = fields.real(10);
 
     log_recognized();
     if (has_title) log_ignored_title();
     log_attributes(attributes);
-    constexpr std::array names = {"a1", "a2", "a3", "a4"};
-    for (std::size_t i = 0; i < attributes_of_last.size(); ++i)
-        print(outfile, "%10s:%10.3e . . . Not all values printed\n", names[i],
-              static_cast<double>(attributes_of_last[i]));
+    log_segment_attributes(last.fields());
 }
 
 void set_section()

@@ -1,6 +1,7 @@
 // Reading the cards of a keyword block: fixed-width fields, titles, and the loop over cards.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -88,10 +89,9 @@ public:
     // Discards the rest of the line, its newline included.
     static void end_line();
 
-    // The whole card at once, its line consumed to the newline, as bulk blocks take it; false, with nothing consumed,
-    // when the line does not stand whole in the window or lines are not to be taken whole. The view lasts until infile
-    // is read again.
-    bool take_line(std::string_view& line);
+    // The card's columns up to the n-th, fewer when its line ends before; they are consumed. n is at most 80. The view
+    // lasts until infile is read again.
+    std::string_view columns(std::size_t n);
 
     double number(int width = 10) { return fblanks(width, &open_); }
     float real(int width = 10);

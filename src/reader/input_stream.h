@@ -23,7 +23,7 @@ using KeywordIndex = std::vector<Position>;
 class InputStream
 {
 public:
-    static constexpr std::size_t smallest_window = 64;  // holds the widest field, a keyword line and a step back
+    static constexpr std::size_t smallest_window = 128;  // holds a card, a keyword line and a step back
 
     constexpr InputStream() = default;
     ~InputStream() { close(); }

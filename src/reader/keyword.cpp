@@ -39,7 +39,8 @@ char comments(char c)
 
 char skip_comments()
 {
-    return comments(infile.next());
+    while (infile.peek() == '$') infile.skip_line();
+    return infile.peek();
 }
 
 bool keyword_is(std::string_view prefix)

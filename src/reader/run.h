@@ -27,7 +27,6 @@ inline constinit OutputStream outfile;     // debug log
 inline constinit OutputStream keyword_of;  // keyword copy while it is written
 
 inline constinit std::size_t stream_window = 262144;  // bytes of a deck in memory at a time
-inline constinit bool fast_cards = true;              // bulk cards by whole lines; off: field by field, as all others
 
 inline constinit KeywordIndex deck_index;  // keyword lines of the deck
 inline constinit KeywordIndex copy_index;  // keyword lines of the keyword copy

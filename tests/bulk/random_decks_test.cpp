@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "bulk/bulk.h"
 #include "reader/run.h"
 #include "support/every_way.h"
 #include "support/random.h"
@@ -124,13 +123,6 @@ std::string random_deck(Random& random)
     if (random.one_in(10)) deck.resize(random.below(deck.size()));
     return deck;
 }
-
-// Both sections, as a run writes them.
-void both_sections()
-{
-    set_section();
-    geometry_section();
-}
 }  // namespace
 
 TEST_F(RandomDecks, EveryWayOfConvertingThemGivesTheSameFiles)
@@ -140,7 +132,7 @@ TEST_F(RandomDecks, EveryWayOfConvertingThemGivesTheSameFiles)
     std::size_t written = 0;
     for (int i = 0; i < 120; ++i) {
         const std::string deck = random_deck(random);
-        const Written files = convert_every_way(both_sections, deck);
+        const Written files = convert_every_way(bulk_sections, deck);
         written += files.geometry.size() + files.sets.size();
         ASSERT_FALSE(HasFailure()) << "deck " << i << ":\n" << deck;
     }
@@ -161,7 +153,7 @@ TEST_F(RandomDecks, CardsOfRandomTextGiveTheSameFiles)
             deck += random.text(random.below(600), "0123456789 .-+e$*xX\t\r\n           \n1234567890\n");
             deck += '\n';
         }
-        convert_every_way(both_sections, deck);
+        convert_every_way(bulk_sections, deck);
         ASSERT_FALSE(HasFailure()) << "deck " << i << ":\n" << deck;
     }
 }

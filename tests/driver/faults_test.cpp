@@ -587,7 +587,7 @@ TEST_F(ChangingDeck, LargeOneThatBecomesShorterIsReported)
     const std::string large = many_nodes() + many_nodes() + many_nodes();
     write_file("model.k", large);
     write_file("model.card", "old\n");
-    for (const std::string& variant : {program(), tiny_window_program(), general_program()}) {
+    for (const std::string& variant : {program(), tiny_window_program()}) {
         Running running(variant);
         running.read_until("(yes/no)\n");
         fs::resize_file("model.k", large.size() / 2);

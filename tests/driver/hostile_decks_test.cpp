@@ -56,12 +56,11 @@ void survive_large(const std::string& deck)
     EXPECT_EQ(fs::file_size("model.k"), deck.size());
 }
 
-// The same with each build of the reader, which must write the same.
+// The same with the smallest window, which must write the same.
 void survive_alike(std::string_view deck)
 {
     const auto written = survive(deck);
     EXPECT_EQ(survive(deck, tiny_window_program()), written);
-    EXPECT_EQ(survive(deck, general_program()), written);
 }
 
 std::string repeated(std::string_view text, std::size_t times)

@@ -460,6 +460,27 @@ TEST_F(Cards, FurtherCardAfterAFieldThatMetTheNewlineIsTheNextLine)
     EXPECT_EQ(card.integer(), 2);
 }
 
+TEST_F(Cards, ColumnsAreThoseOfTheLineUpToTheirNumber)
+{
+    read("123456789\n12345678\n1234567\n\nnext\n");
+    std::vector<std::string> columns;
+    for (Card card; columns.size() < 4 && card.next();) columns.emplace_back(card.columns(8));
+    EXPECT_EQ(columns, (std::vector<std::string>{"12345678", "12345678", "1234567", ""}));
+    EXPECT_EQ(following(4), "next");
+}
+
+TEST_F(Cards, ColumnsOfAFurtherCardFollowThoseOfTheFirst)
+{
+    read("12345678 rest\n$ comment\n*2345678 rest\nnext\n");
+    Card card;
+    ASSERT_TRUE(card.next());
+    EXPECT_EQ(card.columns(8), "12345678");
+    card.another();
+    EXPECT_EQ(card.columns(80), "*2345678 rest");
+    card.another();
+    EXPECT_EQ(card.columns(80), "next");
+}
+
 TEST_F(Cards, FieldsAreTenColumnsWideUnlessToldOtherwise)
 {
     read("         1       2               3.5       0.1      mat1\n");

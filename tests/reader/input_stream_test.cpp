@@ -17,7 +17,8 @@
 
 namespace
 {
-constexpr std::array<std::size_t, 4> windows = {64, 65, 100, 4096};
+constexpr std::size_t smallest = InputStream::smallest_window;
+constexpr std::array<std::size_t, 4> windows = {128, 129, 200, 4096};
 
 // The same text, read the plain way.
 class NaiveStream
@@ -233,7 +234,7 @@ TEST(InputStream, LineThatJustFitsTheWindowIsGivenWholeAtEveryPlaceInIt)
 TEST(InputStream, EmptyTextIsEndlessEndLines)
 {
     InputStream stream;
-    stream.open_text("", 64);
+    stream.open_text("", smallest);
     EXPECT_TRUE(stream.at_end());
     EXPECT_EQ(read_on(stream, 200).substr(0, 15), "*END\n*END\n*END\n");
 }
@@ -241,7 +242,7 @@ TEST(InputStream, EmptyTextIsEndlessEndLines)
 TEST(InputStream, LastLineWithoutNewlineReadsAsIfItHadOne)
 {
     InputStream stream;
-    stream.open_text("*NODE\n12", 64);
+    stream.open_text("*NODE\n12", smallest);
     EXPECT_EQ(read_on(stream, 19), "*NODE\n12\n*END\n*END\n");
 }
 
@@ -259,7 +260,7 @@ TEST(InputStream, StreamThatWasNeverOpenedIsEndlessEndLines)
 TEST(InputStream, ClosedStreamIsEndlessEndLines)
 {
     InputStream stream;
-    stream.open_text("*NODE\n", 64);
+    stream.open_text("*NODE\n", smallest);
     stream.skip_line();
     stream.close();
     EXPECT_EQ(stream.position(), 0U);
@@ -282,7 +283,7 @@ TEST(InputStream, OpenedAgainForgetsWindowIndexAndPosition)
     write_file("second", "ccc\nddd\n*EEE\n");
     const KeywordIndex index = {0, 5};
     InputStream stream;
-    ASSERT_TRUE(stream.open("first", 64));
+    ASSERT_TRUE(stream.open("first", smallest));
     stream.use_index(&index);
     stream.skip_line();
     EXPECT_EQ(stream.next(), '*');
@@ -299,7 +300,7 @@ TEST(InputStream, StarInMidLineBeginsAKeywordOnlyAtThePresentPosition)
     const KeywordIndex index = index_of(text);
     for (const bool indexed : {false, true}) {
         InputStream stream;
-        stream.open_text(text, 64);
+        stream.open_text(text, smallest);
         if (indexed) stream.use_index(&index);
         stream.seek(2);
         stream.to_keyword();
@@ -316,7 +317,7 @@ TEST(InputStream, KeywordBehindTheLastOneIsTheFirstEndLine)
         const KeywordIndex index = index_of(text);
         for (const bool indexed : {false, true}) {
             InputStream stream;
-            stream.open_text(text, 64);
+            stream.open_text(text, smallest);
             if (indexed) stream.use_index(&index);
             stream.next();
             stream.to_keyword();
@@ -334,7 +335,7 @@ TEST(InputStream, MissingFilesFoldersAndPipesAreRefused)
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
     for (const char* name : {"missing", "folder", "pipe", "", "/dev/null"}) {
         InputStream stream;
-        EXPECT_FALSE(stream.open(name, 64)) << name;
+        EXPECT_FALSE(stream.open(name, smallest)) << name;
         EXPECT_FALSE(stream.is_open()) << name;
         EXPECT_EQ(read_on(stream, 10), "*END\n*END\n") << name;
     }
@@ -345,8 +346,8 @@ TEST(InputStream, RefusedFileClosesTheOneThatWasOpen)
     const TemporaryFolder folder;
     write_file("deck.k", "text\n");
     InputStream stream;
-    ASSERT_TRUE(stream.open("deck.k", 64));
-    EXPECT_FALSE(stream.open("missing", 64));
+    ASSERT_TRUE(stream.open("deck.k", smallest));
+    EXPECT_FALSE(stream.open("missing", smallest));
     EXPECT_EQ(read_on(stream, 5), "*END\n");
 }
 
@@ -355,7 +356,7 @@ TEST(InputStream, EmptyFileOpens)
     const TemporaryFolder folder;
     write_file("deck.k", "");
     InputStream stream;
-    ASSERT_TRUE(stream.open("deck.k", 64));
+    ASSERT_TRUE(stream.open("deck.k", smallest));
     EXPECT_EQ(stream.size(), 0U);
     EXPECT_EQ(read_on(stream, 5), "*END\n");
     EXPECT_EQ(stream.failure(), "");
@@ -438,7 +439,7 @@ TEST_F(ShrinkingFile, JumpsByTheIndexOfTheLongerFileEndInEndLines)
 TEST_F(ShrinkingFile, FailureStaysUntilTheStreamIsOpenedAgain)
 {
     InputStream stream;
-    ASSERT_TRUE(stream.open("deck.k", 64));
+    ASSERT_TRUE(stream.open("deck.k", smallest));
     std::filesystem::resize_file("deck.k", 20);
     stream.seek(9000);
     stream.next();
@@ -448,7 +449,7 @@ TEST_F(ShrinkingFile, FailureStaysUntilTheStreamIsOpenedAgain)
     EXPECT_NE(stream.failure(), "");
     stream.close();
     EXPECT_NE(stream.failure(), "");
-    ASSERT_TRUE(stream.open("deck.k", 64));
+    ASSERT_TRUE(stream.open("deck.k", smallest));
     EXPECT_EQ(stream.failure(), "");
     EXPECT_EQ(stream.size(), 20U);
 }
@@ -456,7 +457,7 @@ TEST_F(ShrinkingFile, FailureStaysUntilTheStreamIsOpenedAgain)
 TEST_F(ShrinkingFile, FileThatGrowsIsReadToItsFirstLength)
 {
     InputStream stream;
-    ASSERT_TRUE(stream.open("deck.k", 64));
+    ASSERT_TRUE(stream.open("deck.k", smallest));
     write_file("deck.k", text_ + "*MORE\n");
     EXPECT_EQ(read_on(stream, text_.size() + 5), text_ + "*END\n");
     EXPECT_EQ(stream.failure(), "");

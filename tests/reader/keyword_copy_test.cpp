@@ -15,7 +15,7 @@
 
 namespace
 {
-constexpr std::array<std::size_t, 4> windows = {64, 65, 100, 4096};
+constexpr std::array<std::size_t, 4> windows = {128, 129, 200, 4096};
 
 class KeywordCopy : public testing::Test
 {
@@ -23,7 +23,7 @@ protected:
     void SetUp() override { reset_run(); }
     void TearDown() override { reset_run(); }
 
-    static std::string copy_of(const std::string& deck, std::size_t window = 64)
+    static std::string copy_of(const std::string& deck, std::size_t window = InputStream::smallest_window)
     {
         infile_geom.open_text(deck, window);
         keyword_writer();
@@ -264,7 +264,7 @@ TEST_F(KeywordCopy, SecondRunReplacesTheCopyAndTheIndexes)
 TEST_F(KeywordCopy, FilterStopsAtTheKeywordThatItStandsOn)
 {
     const std::string deck = "1\n2\n*NODE\n3\n";
-    infile_geom.open_text(deck, 64);
+    infile_geom.open_text(deck, InputStream::smallest_window);
     keyword_filter();
     EXPECT_EQ(infile_geom.position(), 4U);
     keyword_filter();
@@ -275,7 +275,7 @@ TEST_F(KeywordCopy, CopyThatCannotBeWrittenTells)
 {
     std::filesystem::create_directory(keyword_copy_name);
     const std::string deck = "*NODE\n1\n*END\n";
-    infile_geom.open_text(deck, 64);
+    infile_geom.open_text(deck, InputStream::smallest_window);
     keyword_writer();
     EXPECT_EQ(keyword_of.failure(), "Is a directory");
     EXPECT_EQ(deck_index, (KeywordIndex{0, 8}));
@@ -347,7 +347,7 @@ TEST_F(KeywordCopy, KeywordsFoundByTheIndexesAreThoseFoundBySearching)
     Random random(7);
     const auto keywords_of = [](const std::string& text, const KeywordIndex* index) {
         std::vector<std::string> found;
-        infile.open_text(text, 64);
+        infile.open_text(text, InputStream::smallest_window);
         infile.use_index(index);
         while (!infile.at_end()) {
             keyword();

@@ -29,13 +29,9 @@ Outcome run_command(const std::string& command, const std::string& input)
 std::string program()
 {
     const char* const window = std::getenv("MORVEX_TEST_WINDOW");
-    return window == nullptr ? MORVEX_PROGRAM : std::string(MORVEX_VARIANT) + " " + window + " 1";
+    return window == nullptr ? MORVEX_PROGRAM : std::string(MORVEX_VARIANT) + " " + window;
 }
 std::string tiny_window_program()
 {
-    return MORVEX_VARIANT " 64 1";
-}
-std::string general_program()
-{
-    return MORVEX_VARIANT " 262144 0";
+    return MORVEX_VARIANT " 128";
 }

@@ -13,7 +13,6 @@ struct Outcome {
 // Runs a shell command in the present folder, with `input` typed on standard input, and the clock at 5 March 2024.
 Outcome run_command(const std::string& command, const std::string& input = "");
 
-// The program itself, and the variant with a window of 64 bytes or without the quick way through bulk cards.
+// The program itself, and the variant with the smallest window, 128 bytes.
 std::string program();
 std::string tiny_window_program();
-std::string general_program();
