@@ -18,6 +18,7 @@
 #include "reader/card.h"
 #include "reader/keyword.h"
 #include "reader/run.h"
+#include "support/keyword_lines.h"
 
 namespace
 {
@@ -102,7 +103,7 @@ public:
     Readings(std::string_view deck, std::size_t window, bool indexed) : deck_(deck), plain_(deck), window_(window)
     {
         infile.open_text(deck, window);
-        index_ = PlainText::keyword_lines(deck);
+        index_ = index_of(PlainText::keyword_lines(deck));
         if (indexed) infile.use_index(&index_);
     }
     ~Readings() { infile.close(); }

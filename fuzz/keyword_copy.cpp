@@ -10,6 +10,7 @@
 #include "reader/keyword_copy.h"
 #include "reader/run.h"
 #include "support/convert.h"
+#include "support/keyword_lines.h"
 
 namespace
 {
@@ -55,8 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         keyword_writer();
         infile_geom.close();
         expect(contents(keyword_copy_name) == expected, "another keyword copy");
-        expect(deck_index == PlainText::keyword_lines(deck), "another index of the deck");
-        expect(copy_index == PlainText::keyword_lines(expected), "another index of the copy");
+        expect(positions(deck_index) == PlainText::keyword_lines(deck), "another index of the deck");
+        expect(positions(copy_index) == PlainText::keyword_lines(expected), "another index of the copy");
     }
     return 0;
 }

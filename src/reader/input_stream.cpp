@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace
@@ -74,6 +75,12 @@ void InputStream::start(std::size_t window)
     cursor_ = filled_ = window_.get();
     stride_ = first_stride;
     failure_ = 0;
+}
+
+void InputStream::use_index(const KeywordIndex* index)
+{
+    index_ = index;
+    found_ = {};
 }
 
 void InputStream::seek(Position position)
@@ -195,12 +202,8 @@ void InputStream::to_keyword()
 {
     if (peek() == '*') return;
     if (index_ != nullptr && position() < size_) {
-        const auto found = std::lower_bound(index_->begin(), index_->end(), position());
-        if (found != index_->end() && *found < size_) {
-            seek(*found);
-        } else {
-            seek(size_ + (newline_missing_ ? 1 : 0));
-        }
+        const std::optional<Position> line = index_->find(position(), found_);
+        seek(line.has_value() && *line < size_ ? *line : size_ + (newline_missing_ ? 1 : 0));
         return;
     }
     for (;;) {  // the character before cursor_ is always in the window here

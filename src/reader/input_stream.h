@@ -3,18 +3,12 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
-// A place in a stream, in characters from its beginning.
-using Position = std::uint64_t;
-
-// The positions of the lines that begin with "*", in ascending order.
-using KeywordIndex = std::vector<Position>;
+#include "reader/keyword_index.h"
 
 // A text file, read through a window of fixed size, so that memory does not grow with the file.
 //
@@ -39,7 +33,7 @@ public:
     void open_text(std::string_view text, std::size_t window);
 
     // The index of the keyword lines of this very file, or null: then keyword lines are searched for.
-    void use_index(const KeywordIndex* index) { index_ = index; }
+    void use_index(const KeywordIndex* index);
 
     // Tells the observer how many bytes each read from the file has delivered; until the stream is closed.
     void watch(void (*observer)(std::size_t bytes)) { observer_ = observer; }
@@ -118,6 +112,7 @@ private:
     std::FILE* file_ = nullptr;
     std::string_view text_;
     const KeywordIndex* index_ = nullptr;
+    KeywordIndex::Place found_;  // the keyword line that was found last
     void (*observer_)(std::size_t bytes) = nullptr;
     int failure_ = 0;  // errno, or became_shorter
 };

@@ -40,7 +40,7 @@ const Filter* filter_for(std::string_view piece)
 // Appends to the copy, and to its index when a keyword line begins here.
 void copy(std::string_view piece, bool& line_begins)
 {
-    if (line_begins && piece.front() == '*') copy_index.push_back(keyword_of.position());
+    if (line_begins && piece.front() == '*') copy_index.add(keyword_of.position());
     text(keyword_of, piece);
     line_begins = piece.back() == '\n';
 }
@@ -79,7 +79,7 @@ void keyword_writer()
         char piece[piece_length];
         std::size_t length = infile_geom.ahead(piece_length).copy(piece, piece_length);
         infile_geom.advance(length);
-        if (deck_line_begins && piece[0] == '*') deck_index.push_back(begin);
+        if (deck_line_begins && piece[0] == '*') deck_index.add(begin);
         deck_line_begins = length < piece_length && !infile_geom.at_end();
         if (deck_line_begins) piece[length++] = infile_geom.next();
 

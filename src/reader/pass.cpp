@@ -9,8 +9,9 @@ namespace
 // The row that the keyword line in cbuffer matches; null when there is none.
 const PassRow* matching_row(const Pass& pass)
 {
+    const std::string_view line = cbuffer;
     for (const PassRow& row : pass.rows)
-        if (keyword_is(row.prefix) && (row.only_if.holds == nullptr || row.only_if.holds())) return &row;
+        if (line.starts_with(row.prefix) && (row.only_if.holds == nullptr || row.only_if.holds())) return &row;
     return nullptr;
 }
 }  // namespace

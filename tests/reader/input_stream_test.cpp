@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "support/convert.h"
+#include "support/keyword_lines.h"
 #include "support/random.h"
 
 namespace
@@ -53,14 +54,6 @@ private:
     Position size_;
     std::string text_;
 };
-
-KeywordIndex index_of(std::string_view text)
-{
-    KeywordIndex index;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (text[i] == '*' && (i == 0 || text[i - 1] == '\n')) index.push_back(i);
-    return index;
-}
 
 // A text with lines of all lengths, some beginning with "*", some with a "*" inside.
 std::string random_text(Random& random, std::size_t size)
@@ -281,7 +274,7 @@ TEST(InputStream, OpenedAgainForgetsWindowIndexAndPosition)
     const TemporaryFolder folder;
     write_file("first", "*AAA\n*BBB\n");
     write_file("second", "ccc\nddd\n*EEE\n");
-    const KeywordIndex index = {0, 5};
+    const KeywordIndex index = index_of(Positions{0, 5});
     InputStream stream;
     ASSERT_TRUE(stream.open("first", smallest));
     stream.use_index(&index);

@@ -11,6 +11,7 @@
 #include "reader/keyword.h"
 #include "reader/run.h"
 #include "support/convert.h"
+#include "support/keyword_lines.h"
 #include "support/random.h"
 
 namespace
@@ -34,14 +35,6 @@ protected:
 
     const TemporaryFolder folder_;
 };
-
-KeywordIndex search(std::string_view text)
-{
-    KeywordIndex index;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (text[i] == '*' && (i == 0 || text[i - 1] == '\n')) index.push_back(i);
-    return index;
-}
 
 // The copy, made the plain way: pieces of at most 49 characters, all tests on each, the filter called by each that
 // matches.
@@ -170,8 +163,8 @@ TEST_F(KeywordCopy, BulkKeywordLineOfFortyNineCharactersLosesItsNewline)
 {
     const std::string line = "*NODE" + std::string(44, 'x');
     EXPECT_EQ(copy_of(line + "\n1\n*MAT\n2\n*END\n"), line + "*MAT\n2\n*END\n");
-    EXPECT_EQ(copy_index, (KeywordIndex{0, 49 + 7}));
-    EXPECT_EQ(deck_index, (KeywordIndex{0, 52, 59}));
+    EXPECT_EQ(positions(copy_index), (Positions{0, 49 + 7}));
+    EXPECT_EQ(positions(deck_index), (Positions{0, 52, 59}));
 }
 
 TEST_F(KeywordCopy, LongerBulkKeywordLineIsCutToItsFirstPiece)
@@ -195,8 +188,8 @@ TEST_F(KeywordCopy, BulkKeywordAtAPieceBorderOfALongLineFiltersWhatFollows)
             const std::string head(before, 'x');
             EXPECT_EQ(copy_of(head + "*NODE\n1\n2\n*MAT\n3\n*END\n", window), head + "*NODE\n*MAT\n3\n*END\n");
             EXPECT_EQ(copy_of(head + "*SET_SOLID\n1\n*MAT\n3\n*END\n", window), head + "*MAT\n3\n*END\n");
-            EXPECT_EQ(deck_index, (KeywordIndex{before + 13, before + 20}));
-            EXPECT_EQ(copy_index, (KeywordIndex{before + 7}));
+            EXPECT_EQ(positions(deck_index), (Positions{before + 13, before + 20}));
+            EXPECT_EQ(positions(copy_index), (Positions{before + 7}));
         }
     }
 }
@@ -214,8 +207,8 @@ TEST_F(KeywordCopy, LineOfFortyNineCharactersLeavesItsNewlineAsAPieceOfItsOwn)
     for (const std::size_t length : {48U, 49U, 50U, 97U, 98U, 99U}) {
         const std::string deck = std::string(length, 'x') + "\n*NODE\n1\n*MAT\n*END\n";
         EXPECT_EQ(copy_of(deck), std::string(length, 'x') + "\n*NODE\n*MAT\n*END\n") << length;
-        EXPECT_EQ(deck_index, (KeywordIndex{length + 1, length + 9, length + 14})) << length;
-        EXPECT_EQ(copy_index, (KeywordIndex{length + 1, length + 7, length + 12})) << length;
+        EXPECT_EQ(positions(deck_index), (Positions{length + 1, length + 9, length + 14})) << length;
+        EXPECT_EQ(positions(copy_index), (Positions{length + 1, length + 7, length + 12})) << length;
     }
 }
 
@@ -257,8 +250,8 @@ TEST_F(KeywordCopy, SecondRunReplacesTheCopyAndTheIndexes)
 {
     copy_of("*NODE\n1\n*MAT\n2\n*END\n");
     EXPECT_EQ(copy_of("*END\n"), "*END\n");
-    EXPECT_EQ(deck_index, KeywordIndex{0});
-    EXPECT_EQ(copy_index, KeywordIndex{0});
+    EXPECT_EQ(positions(deck_index), Positions{0});
+    EXPECT_EQ(positions(copy_index), Positions{0});
 }
 
 TEST_F(KeywordCopy, FilterStopsAtTheKeywordThatItStandsOn)
@@ -278,7 +271,7 @@ TEST_F(KeywordCopy, CopyThatCannotBeWrittenTells)
     infile_geom.open_text(deck, InputStream::smallest_window);
     keyword_writer();
     EXPECT_EQ(keyword_of.failure(), "Is a directory");
-    EXPECT_EQ(deck_index, (KeywordIndex{0, 8}));
+    EXPECT_EQ(positions(deck_index), (Positions{0, 8}));
 }
 
 // ---- against the plain way -----------------------------------------------------------------------------------------
@@ -324,8 +317,8 @@ TEST_F(KeywordCopy, RandomDecksGiveThePlainCopyAndItsIndexes)
         const std::size_t window = random.pick(windows);
         const std::string expected = plain_copy(deck);
         ASSERT_EQ(copy_of(deck, window), expected) << deck;
-        ASSERT_EQ(deck_index, search(deck)) << deck;
-        ASSERT_EQ(copy_index, search(expected)) << deck;
+        ASSERT_EQ(positions(deck_index), keyword_lines(deck)) << deck;
+        ASSERT_EQ(positions(copy_index), keyword_lines(expected)) << deck;
     }
 }
 
@@ -338,7 +331,7 @@ TEST_F(KeywordCopy, RandomFilesGiveTheSameAsTextInMemory)
         ASSERT_TRUE(infile_geom.open("deck.k", random.pick(windows)));
         keyword_writer();
         ASSERT_EQ(contents(keyword_copy_name), plain_copy(deck));
-        ASSERT_EQ(deck_index, search(deck));
+        ASSERT_EQ(positions(deck_index), keyword_lines(deck));
     }
 }
 

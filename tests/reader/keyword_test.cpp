@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "reader/run.h"
+#include "support/keyword_lines.h"
 #include "support/on_text.h"
 
 using namespace std::string_literals;
@@ -118,7 +119,7 @@ TEST_F(Keyword, EndAfterEndIsFoundForEver)
 TEST_F(Keyword, NextUnreadCharacterCountsAsTheFirstOfALine)
 {
     const std::string text = "*A\n12*mid 34\n*B\n*END\n";
-    const KeywordIndex index = {0, 13, 16};
+    const KeywordIndex index = index_of(Positions{0, 13, 16});
     for (const bool indexed : {false, true}) {
         read(text);
         if (indexed) infile.use_index(&index);

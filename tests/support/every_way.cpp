@@ -7,6 +7,7 @@
 
 #include "bulk/bulk.h"
 #include "reader/run.h"
+#include "support/keyword_lines.h"
 #include "support/plain_bulk.h"
 
 namespace
@@ -28,14 +29,6 @@ struct Way {
 };
 
 constexpr Way ways[] = {{256 * 1024, true}, {256 * 1024, false}, {161, true}, {128, true}, {128, false}};
-
-KeywordIndex keyword_lines(std::string_view deck)
-{
-    KeywordIndex index;
-    for (std::size_t i = 0; i < deck.size(); ++i)
-        if (deck[i] == '*' && (i == 0 || deck[i - 1] == '\n')) index.push_back(i);
-    return index;
-}
 
 bool equal(const Counts& a, const Counts& b)
 {
@@ -90,7 +83,7 @@ void bulk_sections()
 Written convert_every_way(void (*section)(), std::string_view deck)
 {
     const std::size_t window_before = stream_window;
-    const KeywordIndex index = keyword_lines(deck);
+    const KeywordIndex index = index_of(deck);
     const Written expected = convert_in_way(plain_derivation(section), deck, 256 * 1024, nullptr);
     const Counts expected_counts = counts;
     for (const Way& way : ways) {
