@@ -183,6 +183,17 @@ TEST_F(Sph, AVelocityOfTheDeckReplacesTheSample)
               1U);
 }
 
+TEST_F(Sph, NegativeValuesCountAsGiven)
+{
+    const std::string deck =
+        convert(sph_control, "*CONTROL_SPH\n" + card({"", "-3", "1.0e9", "", "", "", "0.25", "-500.0"}) + "*END\n")
+            .deck;
+    EXPECT_EQ(lines_equal(deck, "         1  -5.000e+02   1.000e+07 2.500e-01 1.000e+09"), 1U);
+    EXPECT_EQ(lines_with(deck, " SPH deactivation velocity:"), 1U);
+    EXPECT_EQ(lines_with(deck, " SPH deactivation:"), 0U);
+    EXPECT_EQ(lines_with(deck, " Box Definition"), 0U);
+}
+
 TEST_F(Sph, DefaultsOfTheDeactivationAsTheyRead)
 {
     const std::string deck = convert(sph_control, "*END\n").deck;

@@ -1,7 +1,10 @@
 // Faults of the surroundings: each is told in one line on standard error and by exit status 2, the input stays as it
 // was, and the outputs that do not suffer from it are written as ever.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
@@ -65,24 +68,6 @@ protected:
         EXPECT_EQ(outcome.err, "morvex: " + file + ": " + reason + "\n");
     }
 
-    // What stands before a command so that it has no more rights than the files' modes give: nothing for a plain
-    // user; empty text and false when that cannot be had here.
-    static bool take_rights(std::string& prefix)
-    {
-        write_file("probe", "");
-        fs::permissions("probe", fs::perms::none);
-        bool found = false;
-        for (const char* candidate : {"", "setpriv --bounding-set=-dac_override,-dac_read_search "}) {
-            if (run_command(std::string(candidate) + "cat probe").status == 1) {
-                prefix = candidate;
-                found = true;
-                break;
-            }
-        }
-        fs::remove("probe");
-        return found;
-    }
-
     const std::string control = every_flag("model.k");
 
 private:
@@ -91,7 +76,6 @@ private:
 };
 
 using FullDisk = Faults;
-using NoRights = Faults;
 using InTheWay = Faults;
 using OwnInput = Faults;
 using SameOutput = Faults;
@@ -99,6 +83,27 @@ using ChangingDeck = Faults;
 using StandardStreams = Faults;
 using Killed = Faults;
 using ControlFileFault = Faults;
+
+// The program with no more rights than the files' modes give, whoever runs the tests.
+class NoRights : public Faults
+{
+protected:
+    NoRights()
+    {
+        write_file("probe", "");
+        fs::permissions("probe", fs::perms::none);
+        for (const std::string candidate : {"", "setpriv --bounding-set=-dac_override,-dac_read_search "})
+            if (run_command(candidate + "cat probe").status == 1) command_ = candidate + program();
+        fs::remove("probe");
+    }
+
+    void SetUp() override { ASSERT_FALSE(command_.empty()) << "this user has all rights, and setpriv takes none away"; }
+
+    [[nodiscard]] const std::string& program_without_rights() const { return command_; }
+
+private:
+    std::string command_;
+};
 
 // A deck whose geometry file is far larger than the other outputs.
 std::string many_nodes()
@@ -237,14 +242,23 @@ TEST_F(FullDisk, DefaultControlFileIsNotLeftHalfWritten)
     EXPECT_EQ(files(), "model.k");
 }
 
+TEST_F(FullDisk, DefaultControlFileIsNotLeftHalfWrittenBehindALink)
+{
+    fs::remove("input.morvex");
+    fs::create_symlink("elsewhere", "input.morvex");
+    Running running("sh -c 'ulimit -f 0; exec " + program() + " 2>&1'");
+    EXPECT_EQ(running.status(), 2);
+    EXPECT_TRUE(contains(running.output(), "morvex: input.morvex: File too large\n"));
+    EXPECT_EQ(files(), "input.morvex model.k");
+    EXPECT_TRUE(fs::is_symlink("input.morvex"));
+}
+
 // ---- missing rights ------------------------------------------------------------------------------------------------
 
 TEST_F(NoRights, ReadOnlyFolderIsReportedForEveryOutput)
 {
-    std::string prefix;
-    if (!take_rights(prefix)) GTEST_SKIP() << "this user may write everywhere";
     fs::permissions(".", fs::perms::owner_read | fs::perms::owner_exec);
-    const Outcome outcome = run_command(prefix + program());
+    const Outcome outcome = run_command(program_without_rights());
     fs::permissions(".", fs::perms::owner_all);
     EXPECT_EQ(outcome.status, 2);
     for (const char* name : output_names)
@@ -257,11 +271,9 @@ TEST_F(NoRights, ReadOnlyFolderIsReportedForEveryOutput)
 
 TEST_F(NoRights, ReadOnlyFolderWithoutAControlFileIsReported)
 {
-    std::string prefix;
-    if (!take_rights(prefix)) GTEST_SKIP() << "this user may write everywhere";
     fs::remove("input.morvex");
     fs::permissions(".", fs::perms::owner_read | fs::perms::owner_exec);
-    const Outcome outcome = run_command(prefix + program());
+    const Outcome outcome = run_command(program_without_rights());
     fs::permissions(".", fs::perms::owner_all);
     expect_one_line(outcome, "input.morvex", "Permission denied");
     EXPECT_FALSE(contains(outcome.out, "Please modify"));
@@ -269,11 +281,9 @@ TEST_F(NoRights, ReadOnlyFolderWithoutAControlFileIsReported)
 
 TEST_F(NoRights, ReadOnlyOutputIsReportedAndStays)
 {
-    std::string prefix;
-    if (!take_rights(prefix)) GTEST_SKIP() << "this user may write everywhere";
     write_file("model.sets", "kept\n");
     fs::permissions("model.sets", fs::perms::owner_read);
-    const Outcome outcome = run_command(prefix + program());
+    const Outcome outcome = run_command(program_without_rights());
     expect_one_line(outcome, "model.sets", "Permission denied");
     EXPECT_EQ(contents("model.sets"), "kept\n");
     expect_clean("model.geom");
@@ -282,10 +292,8 @@ TEST_F(NoRights, ReadOnlyOutputIsReportedAndStays)
 
 TEST_F(NoRights, DeckThatMayNotBeReadCountsAsMissing)
 {
-    std::string prefix;
-    if (!take_rights(prefix)) GTEST_SKIP() << "this user may read everything";
     fs::permissions("model.k", fs::perms::none);
-    const Outcome outcome = run_command(prefix + program());
+    const Outcome outcome = run_command(program_without_rights());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     EXPECT_TRUE(outcome.out.ends_with("There is no model.k file\n"));
@@ -294,10 +302,8 @@ TEST_F(NoRights, DeckThatMayNotBeReadCountsAsMissing)
 
 TEST_F(NoRights, ControlFileThatMayNotBeReadIsReportedAndStays)
 {
-    std::string prefix;
-    if (!take_rights(prefix)) GTEST_SKIP() << "this user may read everything";
     fs::permissions("input.morvex", fs::perms::owner_write);
-    const Outcome outcome = run_command(prefix + program());
+    const Outcome outcome = run_command(program_without_rights());
     fs::permissions("input.morvex", fs::perms::owner_all);
     expect_one_line(outcome, "input.morvex", "Permission denied");
     EXPECT_EQ(files(), "input.morvex model.k");
@@ -306,17 +312,33 @@ TEST_F(NoRights, ControlFileThatMayNotBeReadIsReportedAndStays)
 
 TEST_F(NoRights, FolderOfTheDeckThatNobodyMayWriteToIsReported)
 {
-    if (!fs::is_regular_file("/proc/version")) GTEST_SKIP() << "no such folder here";
-    write_file("input.morvex", every_flag("/proc/version"));
-    const Outcome outcome = run_command(program());
+    fs::create_directory("locked");
+    fs::rename("model.k", "locked/model.k");
+    write_file("input.morvex", every_flag("locked/model.k"));
+    fs::permissions("locked", fs::perms::owner_read | fs::perms::owner_exec);
+    const Outcome outcome = run_command(program_without_rights());
+    fs::permissions("locked", fs::perms::owner_all);
     EXPECT_EQ(outcome.status, 2);
-    for (const char* name : {"/proc/version.card", "/proc/version.geom", "/proc/version.sets"})
-        EXPECT_EQ(lines_with(outcome.err, std::string("morvex: ") + name + ": "), 1u) << name;
+    for (const char* name : {"locked/model.card", "locked/model.geom", "locked/model.sets"})
+        EXPECT_EQ(lines_equal(outcome.err, std::string("morvex: ") + name + ": Permission denied"), 1u) << name;
     EXPECT_EQ(lines_with(outcome.err, ""), 3u);
     EXPECT_FALSE(contains(outcome.out, "Kestrune main input file"));
     EXPECT_FALSE(contains(outcome.out, "Kestrune geometry file"));
     EXPECT_FALSE(contains(outcome.out, "Kestrune set file"));
-    EXPECT_EQ(files(), "accel_def.kinc debug.morvex input.morvex keywords.k model.k");
+    EXPECT_EQ(files(), "accel_def.kinc debug.morvex input.morvex keywords.k locked");
+}
+
+TEST_F(NoRights, KeywordCopyThatMayNotBeReadBackIsReported)
+{
+    write_file("keywords.k", "");
+    fs::permissions("keywords.k", fs::perms::owner_write);
+    const Outcome outcome = run_command(program_without_rights());
+    fs::permissions("keywords.k", fs::perms::owner_all);
+    expect_one_line(outcome, "keywords.k", "it cannot be read");
+    expect_clean("keywords.k");
+    expect_clean("model.geom");
+    expect_clean("model.sets");
+    expect_input_unchanged();
 }
 
 // ---- something that is no file stands at an output's name -----------------------------------------------------------
@@ -621,6 +643,60 @@ TEST_F(ChangingDeck, ThatIsReplacedIsReported)
     EXPECT_EQ(running.status(), 2);
     EXPECT_EQ(lines_with(running.errors(), "morvex: model.k: "), 1u) << running.errors();
     EXPECT_EQ(contents("model.k"), "*NODE\n" + std::string(model));
+}
+
+TEST_F(ChangingDeck, ThatIsOverwrittenWithoutANewSizeIsReported)
+{
+    write_file("model.card", "old\n");
+    Running running;
+    running.read_until("(yes/no)\n");
+    std::string changed(model);
+    changed.replace(changed.find("one of each"), 3, "two");
+    write_file("model.k", changed);
+    fs::last_write_time("model.k", fs::last_write_time("model.k") + std::chrono::hours(1));
+    running.type("yes\n");
+    EXPECT_EQ(running.status(), 2);
+    EXPECT_EQ(running.errors(), "morvex: model.k: it changed while it was being read\n");
+    EXPECT_EQ(contents("model.k"), changed);
+}
+
+TEST_F(ChangingDeck, ThatBecomesLongerWithoutANewTimeIsReported)
+{
+    write_file("model.card", "old\n");
+    Running running;
+    running.read_until("(yes/no)\n");
+    const fs::file_time_type time = fs::last_write_time("model.k");
+    write_file("model.k", std::string(model) + "*PART\n");
+    fs::last_write_time("model.k", time);
+    running.type("yes\n");
+    EXPECT_EQ(running.status(), 2);
+    EXPECT_EQ(running.errors(), "morvex: model.k: it changed while it was being read\n");
+}
+
+// The main deck is a pipe, so that the run waits in the midst of writing it, and of reading the copy.
+TEST_F(ChangingDeck, WhoseCopyBecomesShorterIsReported)
+{
+    std::string deck;
+    for (int i = 0; i < 2000; ++i) deck += "*PART\nheading\n         7         7         7\n";
+    write_file("model.k", deck + "*END\n");
+    write_file("input.morvex", settings("model.k", {{"cardflag", 1}}));
+    ASSERT_EQ(mkfifo("model.card", 0600), 0);
+    Running running(tiny_window_program());
+    running.read_until("(yes/no)\n");
+    running.type("yes\n");
+    const int pipe = open("model.card", O_RDONLY);
+    int waiting = 0;
+    for (int i = 0; i < 5000 && waiting < 65536; ++i) {
+        ASSERT_EQ(ioctl(pipe, FIONREAD, &waiting), 0);
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    ASSERT_EQ(waiting, 65536) << "the pipe is full";
+    fs::resize_file("keywords.k", deck.size() / 2);
+    char characters[4096];
+    while (read(pipe, characters, sizeof characters) > 0) {}
+    close(pipe);
+    EXPECT_EQ(running.status(), 2);
+    EXPECT_EQ(running.errors(), "morvex: keywords.k: it became shorter while it was being read\n");
 }
 
 // ---- standard streams -----------------------------------------------------------------------------------------------

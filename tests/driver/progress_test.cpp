@@ -92,6 +92,29 @@ TEST_F(ProgressLine, ComesAfterASecondAndIsWipedAtTheEnd)
     EXPECT_EQ(terminal.shown(), "\r" + std::string(60, ' ') + "\r");
 }
 
+// A file that is read in several passes is a hundred per cent read from its first end on.
+TEST_F(ProgressLine, ShowsWholePerCentAndAHundredAtTheMost)
+{
+    write_file("deck.k", std::string(7 * window, 'x'));
+    stream_.open("deck.k", window);
+    const Terminal terminal("xterm");
+    const Progress progress("geometry file", stream_);
+    const auto read_window = [&](Position number) {
+        stream_.seek(number * window);
+        stream_.next();
+    };
+    read_window(0);
+    read_window(1);
+    EXPECT_EQ(terminal.shown(), "");
+    std::this_thread::sleep_for(1100ms);
+    read_window(2);  // three of seven: 42.9
+    EXPECT_TRUE(terminal.shown().starts_with("\rmorvex: geometry file   42 %  "));
+    for (Position number = 0; number < 7; ++number) read_window(number);
+    std::this_thread::sleep_for(150ms);
+    read_window(0);  // eleven
+    EXPECT_TRUE(terminal.shown().starts_with("\rmorvex: geometry file  100 %  "));
+}
+
 TEST_F(ProgressLine, StaysAwayFromAShortRun)
 {
     const Terminal terminal("xterm");

@@ -110,6 +110,21 @@ TEST_F(LoadBlast, ASecondPairOfCardsIsLoggedUnderTheKeywordThatTheLookUpStoppedA
                        "\n*LOAD_BEHIND . . . skipped\n");
 }
 
+TEST_F(LoadBlast, EachLaterBlockIsLoggedInTheSameWay)
+{
+    // its keyword line shows until its first look-up, though what is found is known by then
+    const std::string two_pairs = blast_block + card({"2000"}) + card({"1"});
+    const Written out = convert(boundary_keywords, two_pairs + "*LOAD_SEGMENT_SET\n" + card({"7", "-2"}) + two_pairs +
+                                                       card({"3000"}) + card({"1"}) + "*END\n");
+    EXPECT_EQ(lines_with(out.deck, "         7  1.000e+03"), 2U);
+    EXPECT_EQ(lines_with(out.deck, "         7  2.000e+03"), 2U);
+    EXPECT_EQ(lines_with(out.deck, "         7  3.000e+03"), 1U);
+    const std::string first = "\n*LOAD_BLAST . . . recognized keyword\nno unused variables\n";
+    const std::string later = "\n*LOAD_SEGMENT_SET . . . recognized keyword\nno unused variables\n";
+    const std::string set = "\n*LOAD_SEGMENT_SET . . . recognized keyword\nnot needed for CONWEP in Kestrune\n";
+    EXPECT_EQ(out.log, first + later + set + first + later + later);
+}
+
 TEST_F(LoadBlast, TheLookUpReturnsIntoTheLineThatItLeft)
 {
     // the rest of the second card is no keyword line, whatever it holds
