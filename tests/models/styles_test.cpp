@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <ostream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -157,6 +158,26 @@ TEST(MixedStyles, StandInOneDeckTogether)
         if (HasFailure()) FAIL() << seed << '\n' << spelled.files.at("model.k");
     }
     for (const Style& style : styles()) EXPECT_GT(used[style.name], 0) << style.name;
+}
+
+TEST(MixedStyles, DefineEachParameterOnce)
+{
+    std::vector<Style> family(styles_of_parameters().begin(), styles_of_parameters().end());
+    family.insert(family.end(), styles_of_files().begin(), styles_of_files().end());
+    for (std::uint32_t seed = 0; seed < 300; ++seed) {
+        Random random(seed);
+        Spelling spelling{random_model(seed), random_model(seed)};
+        for (int i = 0; i < 10; ++i) random.pick(family).apply(spelling, random);
+        std::set<std::string> names;
+        for (const Block* const block : all_blocks(spelling.deck)) {
+            if (block->keyword != "*PARAMETER_EXPRESSION") continue;
+            for (const Card& card : block->cards)
+                EXPECT_TRUE(names.insert(card.title.substr(1, 9)).second) << card.title;
+        }
+        std::set<std::string> paths;
+        for (const Block* const block : all_blocks(spelling.deck))
+            for (const IncludeFile& file : block->files) EXPECT_TRUE(paths.insert(file.path).second) << file.path;
+    }
 }
 
 TEST(MixedStyles, NoneLeavesTheStrictForm)

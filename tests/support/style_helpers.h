@@ -1,6 +1,7 @@
 // What the styles share: finding something to spell otherwise.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -51,6 +52,14 @@ inline void insert_behind(Model& model, int number, Block block)
         model.blocks.insert(at + 1, std::move(block));
         return;
     }
+}
+
+// How many files the deck includes.
+inline std::size_t count_files(Spelling& spelling)
+{
+    std::size_t count = 0;
+    for (const Block* const block : all_blocks(spelling.deck)) count += block->files.size();
+    return count;
 }
 
 inline bool has_identifier_line(const Block& block)

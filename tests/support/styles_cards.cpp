@@ -183,9 +183,16 @@ bool solids_on_two_lines(Spelling& spelling, Random& random)
 
 // ---- columns of blocks and decks -----------------------------------------------------------------------------------
 
+// A mark goes behind the keyword itself.
+bool has_room_for_a_mark(const Block& block)
+{
+    return block.spelled.find(' ') == std::string::npos;
+}
+
 bool has_columns(const Block& block)
 {
-    return std::any_of(block.cards.begin(), block.cards.end(), plain) && !has_identifier_line(block);
+    return std::any_of(block.cards.begin(), block.cards.end(), plain) && !has_identifier_line(block) &&
+           has_room_for_a_mark(block);
 }
 
 bool wide_block(Spelling& spelling, Random& random)
@@ -222,7 +229,7 @@ bool wide_numbers(Spelling& spelling, Random& random)
 bool ten_column_block(Spelling& spelling, Random& random)
 {
     Block* const block = pick_untouched(spelling, random, [](const Block& candidate) {
-        return begins(candidate.keyword, "*NODE") || begins(candidate.keyword, "*ELEMENT");
+        return (begins(candidate.keyword, "*NODE") || begins(candidate.keyword, "*ELEMENT")) && has_columns(candidate);
     });
     if (block == nullptr) return false;
     block->mark = '%';
@@ -236,6 +243,7 @@ bool free_for_a_format(Spelling& spelling)
     if (spelling.deck.format != Format::standard) return false;
     for (const Block* const block : all_blocks(spelling.deck)) {
         if (block->number < 0 && block->files.empty()) return false;  // parameters
+        if (has_identifier_line(*block) && !has_room_for_a_mark(*block)) return false;
         if (std::any_of(block->cards.begin(), block->cards.end(),
                         [](const Card& card) { return card.form == Card::Form::two_lines; }))
             return false;

@@ -9,19 +9,11 @@ namespace models
 {
 namespace
 {
-int count_files(const std::vector<Block>& blocks)
-{
-    int count = 0;
-    for (const Block& block : blocks)
-        for (const IncludeFile& file : block.files) count += 1 + count_files(file.blocks);
-    return count;
-}
-
-std::string new_name(const Spelling& spelling, Random& random)
+std::string new_name(Spelling& spelling, Random& random)
 {
     static constexpr std::string_view words[] = {"mesh", "bar", "parts", "loads-and-sets", "Materials_v2"};
     static constexpr std::string_view extensions[] = {".k", ".key", ".inc", ".dyn"};
-    std::string name = std::string(random.pick(words)) + std::to_string(count_files(spelling.deck.blocks) + 1);
+    std::string name = std::string(random.pick(words)) + std::to_string(count_files(spelling) + 1);
     return name += random.pick(extensions);
 }
 
@@ -55,6 +47,9 @@ Block* take_out(const Source& source, Random& random, std::vector<Block>& taken)
     const std::size_t count = 1 + random.below(std::min<std::size_t>(blocks.size() - from, 1 + random.below(12)));
     const auto begin = blocks.begin() + static_cast<std::ptrdiff_t>(from);
     const auto end = begin + static_cast<std::ptrdiff_t>(count);
+    // a path is set in the main deck
+    if (std::any_of(begin, end, [](const Block& block) { return begins(block.keyword, "*INCLUDE_PATH"); }))
+        return nullptr;
     taken.assign(std::make_move_iterator(begin), std::make_move_iterator(end));
     blocks.erase(begin + 1, end);
     blocks[from] = Block();

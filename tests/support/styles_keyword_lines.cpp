@@ -63,6 +63,7 @@ bool all_in_lower_case(Spelling& spelling, Random&)
 // A keyword and its option are too long for the converter together: without the option, it is only cut.
 bool longer_than_a_line(Spelling& spelling, Random& random)
 {
+    if (spelling.deck.format == Format::wide) return false;  // the identifier's line has its own columns
     constexpr std::string_view contact = "*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE";
     Block* const block =
         pick_untouched(spelling, random, [=](const Block& candidate) { return begins(candidate.keyword, contact); });

@@ -20,15 +20,11 @@ struct Parameter {
 };
 
 // Two characters that no other parameter of the deck has: short names fit into any field.
-std::string new_name(const Spelling& spelling, const std::vector<Parameter>& parameters)
+std::string new_name(Spelling& spelling, const std::vector<Parameter>& parameters)
 {
     std::size_t count = parameters.size();
-    for (const Block& block : spelling.deck.blocks) {
-        if (begins(block.keyword, "*PARAMETER")) count += 4 * block.cards.size();
-        for (const IncludeFile& file : block.files)
-            for (const Block& inner : file.blocks)
-                if (begins(inner.keyword, "*PARAMETER")) count += 4 * inner.cards.size();
-    }
+    for (const Block* const block : all_blocks(spelling.deck))
+        if (begins(block->keyword, "*PARAMETER")) count += 4 * block->cards.size();
     static constexpr std::string_view letters = "abcfghjkmnpqrstuvwxyz";  // without d and e, which numbers have
     return std::string(1, letters[count % letters.size()]) + std::to_string(count / letters.size());
 }
@@ -60,7 +56,7 @@ bool replaceable(const Field& field)
 enum class Way : std::uint8_t { name, negative, expression, bare_expression, defined_expression };
 
 // Spells a field by a parameter and adds the parameter; false when the number does not suit.
-bool spell_field(Field& field, Way way, const Spelling& spelling, std::vector<Parameter>& parameters)
+bool spell_field(Field& field, Way way, Spelling& spelling, std::vector<Parameter>& parameters)
 {
     if (!replaceable(field)) return false;
     const char type = field.kind == Kind::real ? 'R' : 'I';
@@ -170,7 +166,7 @@ void define(Spelling& spelling, Random& random, const std::vector<Parameter>& pa
         deck.insert(deck.begin() + 1, blocks.begin(), blocks.end());
         return;
     }
-    const std::string name = "parameters" + std::to_string(deck.size()) + ".k";
+    const std::string name = "parameters" + std::to_string(count_files(spelling) + 1) + ".k";
     Block include;
     include.number = -1;
     include.keyword = "*INCLUDE";
