@@ -54,7 +54,7 @@ void loadblast()
         float cfm, cfl, cft, cfp;
         card.another(cfm, cfl, cft, cfp);
 
-        // The log comes before the deck, since the look-up leaves another keyword line in cbuffer.
+        // sic: the log comes before the deck, since the look-up leaves another keyword line in cbuffer.
         log_recognized();
         log_unused({});
 
