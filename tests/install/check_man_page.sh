@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# check_man_page.sh PAGE PROGRAM: the page renders without a complaint, and tells of every setting and option there is.
+# check_man_page.sh PAGE PROGRAM: the page renders without a complaint (so does that of morvex-look), and tells of every setting and option there is.
 set -euo pipefail
 page=$1 program=$2
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
+complaints=$(mandoc -Tlint "${page%.1}-look.1" 2>&1) || fail "mandoc: $complaints"
+[ -z "$complaints" ] || fail "mandoc: $complaints"
 complaints=$(mandoc -Tlint "$page" 2>&1) || fail "mandoc: $complaints"
 [ -z "$complaints" ] || fail "mandoc: $complaints"
 text=$(groff -man -ww -Tutf8 -P-cbou "$page" 2>"${TMPDIR:-/tmp}/groff.$$") || fail "groff"

@@ -24,9 +24,12 @@ doc=$root/usr/share/doc/morvex
 morvex=$root/usr/bin/morvex
 
 [ "$("$morvex" --version)" = "morvex 2.601" ] || fail "--version"
-for file in README.md CHANGELOG.md docs/guide.md docs/scripting.md; do
+for file in README.md docs/guide.md docs/scripting.md; do
     cmp "$source/$file" "$doc/$file"
 done
+cmp "$source/packaging/copyright" "$doc/copyright"
+gzip -dc "$doc/changelog.gz" | cmp - "$source/CHANGELOG.md"
+gzip -dc "$doc/changelog.Debian.gz" | grep -q "^morvex ($(dpkg-deb -f "$deb" Version))" || fail "the version in changelog.Debian"
 
 tried=0
 for example in "$doc"/examples/*/; do
@@ -34,6 +37,9 @@ for example in "$doc"/examples/*/; do
     expected=$source/tests/examples/$name/expected
     cp -r "$example" "$work/$name"
     (cd "$work/$name" && SOURCE_DATE_EPOCH=1709640000 "$morvex" >stdout </dev/null)
+    deck=$(sed -n 's/^ *sourcefile *: *\([^ ]*\).*/\1/p' "$work/$name/input.morvex")
+    (cd "$work/$name" && "$root/usr/bin/morvex-look" "$deck" >"$work/looked") || [ $? -eq 1 ] || fail "morvex-look"
+    grep -q "^Unused fields\|^Replaced values" "$work/looked" || fail "morvex-look found nothing in $name"
     for file in "$expected"/*; do
         cmp "$file" "$work/$name/$(basename "$file")" || fail "$name"
     done
@@ -41,7 +47,9 @@ for example in "$doc"/examples/*/; do
 done
 [ "$tried" -eq "$(ls "$source/tests/examples" | grep -c -)" ] || fail "$tried examples in the package"
 
-cmp "$source/docs/morvex.1" "$root/usr/share/man/man1/morvex.1"
+for page in morvex.1 morvex-look.1; do
+    gzip -dc "$root/usr/share/man/man1/$page.gz" | cmp - "$source/docs/$page"
+done
 
 # The completion, as bash loads it.
 complete_word() {
