@@ -26,6 +26,19 @@ constexpr bool is_digit(char c)
     return c >= '0' && c <= '9';
 }
 
+// Appends the digits from `at` on to the number; returns where they end.
+inline const char* read_digits(const char* at, const char* end, std::uint64_t& number)
+{
+    std::uint64_t value = number;
+    for (; at < end; ++at) {
+        const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+        if (digit > 9) break;
+        value = value * 10 + digit;
+    }
+    number = value;
+    return at;
+}
+
 // The value by the C library, for every form that the quick way leaves.
 double value_by_atof(std::string_view field)
 {
@@ -59,12 +72,12 @@ double field_value(std::string_view field)
     // The digits as one integer, with the place of the point.
     std::uint64_t digits = 0;
     const char* const first_digit = at;
-    while (at < end && is_digit(*at)) digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
+    at = read_digits(at, end, digits);
     std::ptrdiff_t count = at - first_digit;
     int power = 0;
     if (at < end && *at == '.') {
         const char* const fraction = ++at;
-        while (at < end && is_digit(*at)) digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
+        at = read_digits(at, end, digits);
         count += at - fraction;
         power = -static_cast<int>(at - fraction);
     }
