@@ -125,7 +125,7 @@ public:
     {
         length_ = columns.size() > begin_ ? columns.substr(begin_).copy(columns_, sizeof columns_) : 0;
     }
-    [[nodiscard]] Fields fields() const { return Fields({columns_, length_}); }
+    [[nodiscard]] Fields fields() const { return {{columns_, length_}}; }
 
 private:
     std::size_t begin_;
