@@ -252,7 +252,7 @@ void DeckReader::Tree::want(const IncludeName& name, const ContentChange& change
     }
     if (block.include == IncludeKind::path)
         folders_.add_path(known.name);
-    else if (top().wanted.size() < limits_.inclusions)
+    else if (top().wanted.size() <= limits_.inclusions)  // one more than can be followed, so that it is told
         top().wanted.push_back({known, change});
 }
 

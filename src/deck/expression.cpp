@@ -73,6 +73,11 @@ void define_functions(mu::Parser& parser)
 // Characters that the parser knows and the format does not: assignments, comparisons, text, lists.
 constexpr std::string_view foreign = "=<>!&|?:;\"'{}[]^%$#@~`\\,";
 
+bool is_name_start(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
 std::size_t find_foreign(std::string_view expression)
 {
     std::size_t depth = 0;
@@ -80,7 +85,8 @@ std::size_t find_foreign(std::string_view expression)
         const char c = expression[i];
         if (c == '(') ++depth;
         if (c == ')' && depth > 0) --depth;
-        const bool allowed = c == '&' || (c == ',' && depth > 0);
+        const bool reference = c == '&' && i + 1 < expression.size() && is_name_start(expression[i + 1]);
+        const bool allowed = reference || (c == ',' && depth > 0);
         const bool printable = c == '\t' || (c >= ' ' && c <= '~');
         if (!allowed && (!printable || foreign.find(c) != std::string_view::npos)) return i;
     }

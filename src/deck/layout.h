@@ -32,6 +32,7 @@ enum class Names : std::uint8_t {
     element,  // of any other kind than these
     shell,
     solid,
+    particle,
     part,
     section,
     material,
@@ -62,9 +63,10 @@ struct Field {
     std::string_view name;    // in the keyword format, lower case; empty for columns without a meaning
     std::uint8_t width = 10;  // standard columns
     Kind kind = Kind::integer;
-    Names names = Names::nothing;                    // 0 never names anything
-    bool defines = false;                            // it defines what it names
-    bool converted = true;                           // the converter reads it
+    Names names = Names::nothing;         // 0 never names anything
+    bool defines = false;                 // it defines what it names
+    Names also_defines = Names::nothing;  // a particle has its node's number: it names one thing and defines another
+    bool converted = true;                // the converter reads it
     Names (*by_type)(const GroupValues&) = nullptr;  // what it names where another field decides: see named()
 };
 

@@ -177,6 +177,15 @@ constexpr CardLayout runrsf_cards[] = {{"1", runrsf_1}};
 template <Names names>
 constexpr Field eight_of[] = {ref("id1", names), ref("id2", names), ref("id3", names), ref("id4", names),
                               ref("id5", names), ref("id6", names), ref("id7", names), ref("id8", names)};
+constexpr Field eight_nodes[] = {ref("nid1", Names::node), ref("nid2", Names::node), ref("nid3", Names::node),
+                                 ref("nid4", Names::node), ref("nid5", Names::node), ref("nid6", Names::node),
+                                 ref("nid7", Names::node), ref("nid8", Names::node)};
+constexpr Field eight_parts[] = {ref("pid1", Names::part), ref("pid2", Names::part), ref("pid3", Names::part),
+                                 ref("pid4", Names::part), ref("pid5", Names::part), ref("pid6", Names::part),
+                                 ref("pid7", Names::part), ref("pid8", Names::part)};
+template <Names names>
+constexpr Field eight_elements[] = {ref("eid1", names), ref("eid2", names), ref("eid3", names), ref("eid4", names),
+                                    ref("eid5", names), ref("eid6", names), ref("eid7", names), ref("eid8", names)};
 template <Names names>
 constexpr CardLayout history_cards[] = {{"ids", eight_of<names>, Occurs::to_the_end}};
 
@@ -729,7 +738,8 @@ constexpr Field two_line_solid_2[] = {
 constexpr CardLayout two_line_solid_cards[] = {{"1", two_line_solid_1}, {"2", two_line_solid_2}};
 constexpr Layout two_line_solid{"*ELEMENT_SOLID", two_line_solid_cards};
 
-constexpr Field particle_1[] = {node_number("nid"), number("pid", Names::part), wide(real("mass"), 16),
+constexpr Field particle_number{.name = "nid", .width = 8, .names = Names::node, .also_defines = Names::particle};
+constexpr Field particle_1[] = {particle_number, number("pid", Names::part), wide(real("mass"), 16),
                                 not_read(wide(ref("nend", Names::node), 8))};
 constexpr CardLayout particle_cards[] = {{"1", particle_1}};
 
@@ -761,12 +771,15 @@ constexpr CardLayout tshell_cards[] = {skipped_card("1", tshell_1)};
 template <Names set>
 constexpr Field set_1[] = {def("sid", set), real("da1"), real("da2"),
                            real("da3"),     real("da4"), {.name = "solver", .kind = Kind::word, .converted = false}};
-template <Names set, Names member>
-constexpr CardLayout set_cards[] = {{"1", set_1<set>}, {"members", eight_of<member>, Occurs::to_the_end}};
+constexpr CardLayout node_set_cards[] = {{"1", set_1<Names::node_set>}, {"members", eight_nodes, Occurs::to_the_end}};
+constexpr CardLayout part_set_cards[] = {{"1", set_1<Names::part_set>}, {"members", eight_parts, Occurs::to_the_end}};
+constexpr CardLayout shell_set_cards[] = {{"1", set_1<Names::shell_set>},
+                                          {"members", eight_elements<Names::shell>, Occurs::to_the_end}};
 
 constexpr Field solid_set_1[] = {def("sid", Names::solid_set),
                                  {.name = "solver", .kind = Kind::word, .converted = false}};
-constexpr CardLayout solid_set_cards[] = {{"1", solid_set_1}, {"members", eight_of<Names::solid>, Occurs::to_the_end}};
+constexpr CardLayout solid_set_cards[] = {{"1", solid_set_1},
+                                          {"members", eight_elements<Names::solid>, Occurs::to_the_end}};
 
 constexpr Field segment_1[] = {ref("n1", Names::node),
                                ref("n2", Names::node),
@@ -914,12 +927,12 @@ constexpr Layout table[] = {
     {"*ELEMENT_SOLID", solid_cards},
     {"*ELEMENT_SPH", particle_cards},
 
-    {"*SET_NODE", set_cards<Names::node_set, Names::node>, Groups::one, Reads::first_group, Heading::title_once},
-    {"*SET_NODE_LIST", set_cards<Names::node_set, Names::node>, Groups::one, Reads::first_group, Heading::title_once},
-    {"*SET_PART", set_cards<Names::part_set, Names::part>, Groups::one, Reads::first_group, Heading::title_once},
-    {"*SET_PART_LIST", set_cards<Names::part_set, Names::part>, Groups::one, Reads::first_group, Heading::title_once},
-    {"*SET_SHELL", set_cards<Names::shell_set, Names::shell>, Groups::one, Reads::first_group, Heading::title_once},
-    {"*SET_SHELL_LIST", set_cards<Names::shell_set, Names::shell>, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_NODE", node_set_cards, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_NODE_LIST", node_set_cards, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_PART", part_set_cards, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_PART_LIST", part_set_cards, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_SHELL", shell_set_cards, Groups::one, Reads::first_group, Heading::title_once},
+    {"*SET_SHELL_LIST", shell_set_cards, Groups::one, Reads::first_group, Heading::title_once},
     {"*SET_SOLID", solid_set_cards, Groups::one, Reads::first_group, Heading::title_once},
     {"*SET_SOLID_LIST", solid_set_cards, Groups::one, Reads::first_group, Heading::title_once},
     {"*SET_SEGMENT", segment_set_cards, Groups::one, Reads::first_group, Heading::title_once},
