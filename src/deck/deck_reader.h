@@ -103,7 +103,7 @@ public:
     [[nodiscard]] const Parameters& parameters() const;
 
     // A place for findings.
-    [[nodiscard]] Place place(FileNumber file, std::size_t line, std::size_t column = 0,
+    [[nodiscard]] Place place(FileNumber number, std::size_t line, std::size_t column = 0,
                               std::size_t end_column = 0) const;
 
 private:

@@ -29,13 +29,13 @@ std::string to_string(const Problem& problem)
     return text;
 }
 
-Fault::Fault(Problem problem) : std::runtime_error(to_string(problem)), problem_(std::move(problem))
+Fault::Fault(const Problem& problem)
+    : std::runtime_error(to_string(problem)), problem_(std::make_shared<const Problem>(problem))
 {
 }
 
-Fault::Fault(const std::string& message) : std::runtime_error(message)
+Fault::Fault(const std::string& message) : Fault(problem_at({}, {}, message))
 {
-    problem_.message = message;
 }
 
 }  // namespace deck

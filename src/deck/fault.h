@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -37,13 +38,13 @@ using Report = std::function<void(const Problem&)>;
 class Fault : public std::runtime_error
 {
 public:
-    explicit Fault(Problem problem);
+    explicit Fault(const Problem& problem);
     explicit Fault(const std::string& message);  // without a place or a code
 
-    [[nodiscard]] const Problem& problem() const { return problem_; }
+    [[nodiscard]] const Problem& problem() const { return *problem_; }
 
 private:
-    Problem problem_;
+    std::shared_ptr<const Problem> problem_;  // shared: a copy of an exception must not fail
 };
 
 // "file:line:column: message [code]", without the parts that there are not.

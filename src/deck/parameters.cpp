@@ -27,9 +27,9 @@ bool is_name(std::string_view text)
     return !text.empty() && std::all_of(text.begin(), text.end(), is_name_character);
 }
 
-std::size_t column_of(std::string_view part, std::string_view whole_text)
+std::size_t column_of(std::string_view part, std::string_view line)
 {
-    return static_cast<std::size_t>(part.data() - whole_text.data());
+    return static_cast<std::size_t>(part.data() - line.data());
 }
 
 Evaluation refused(std::string why, std::size_t column)
@@ -86,8 +86,8 @@ void Parameters::end_file()
 const Parameters::Definition* Parameters::find(std::string_view name) const
 {
     const std::string lower = to_lower(name);
-    for (auto scope = scopes_.rbegin(); scope != scopes_.rend(); ++scope)
-        if (const auto found = scope->find(lower); found != scope->end()) return &found->second;
+    for (std::size_t i = scopes_.size(); i-- > 0;)
+        if (const auto found = scopes_[i].find(lower); found != scopes_[i].end()) return &found->second;
     return nullptr;
 }
 
