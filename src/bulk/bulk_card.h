@@ -14,6 +14,7 @@
 #include "bulk/eight_columns.h"
 #include "reader/number_writers.h"
 #include "reader/numbers.h"
+#include "reader/observer.h"
 #include "reader/output_stream.h"
 
 // The whole number of type int or std::int64_t that a field stands for.
@@ -33,14 +34,15 @@ Integer integer_of(std::string_view field)
 class Fields
 {
 public:
-    Fields(std::string_view columns) : columns_(columns) {}
+    Fields(std::string_view columns, bool watched = observer != nullptr) : columns_(columns), watched_(watched) {}
 
     // The next field's characters; empty when the field is empty.
     std::string_view take(std::size_t width)
     {
         const std::size_t begin = at_;
         at_ += width;
-        if (at_ > columns_.size() || columns_[at_ - 1] == ' ') return {};
+        if (watched_) tell(begin, width);
+        if (is_empty()) return {};
         return columns_.substr(begin, width);
     }
     float real(std::size_t width)
@@ -50,8 +52,12 @@ public:
     }
 
 private:
+    [[nodiscard]] bool is_empty() const { return at_ > columns_.size() || columns_[at_ - 1] == ' '; }
+    void tell(std::size_t begin, std::size_t width) const;  // the observer
+
     std::string_view columns_;
-    std::size_t at_ = 0;
+    std::size_t at_ = 0;  // behind the latest field
+    bool watched_;
 };
 
 // A row in the making, at most OutputStream::largest_row characters.
@@ -125,7 +131,7 @@ public:
     {
         length_ = columns.size() > begin_ ? columns.substr(begin_).copy(columns_, sizeof columns_) : 0;
     }
-    [[nodiscard]] Fields fields() const { return {{columns_, length_}}; }
+    [[nodiscard]] Fields fields() const { return {{columns_, length_}, false}; }
 
 private:
     std::size_t begin_;

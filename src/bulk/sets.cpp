@@ -130,6 +130,7 @@ void convert_member_cards()
     char c = skip_comments();
     while (c != '*') {
         const std::string_view columns = infile.ahead(80);
+        watched_columns = infile.position();
         convert_members(columns, count);
         infile.advance(columns.size());
         // sic: two characters, the newline and the next line's first, not the rest of the line: a card longer than 80

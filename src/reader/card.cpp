@@ -105,6 +105,7 @@ void Card::begin()
 std::string_view Card::columns(std::size_t n)
 {
     const std::string_view line = infile.ahead(n + 1);
+    watched_columns = infile.position();
     begun_ = line.size() > n;
     infile.advance(begun_ ? n : line.size() + 1);  // a newline so near is consumed with the columns
     return line.substr(0, n);

@@ -1,7 +1,6 @@
 // The seam for those who watch a run: what the converter reads, as it reads it.
 //
-// It is null in a plain run. A watched run must not take the quick way through bulk cards (fast_cards), which reads
-// lines whole; both ways write the same bytes. Positions are of infile: the keyword copy, or in the set and geometry
+// It is null in a plain run. Positions are of infile: the keyword copy, or in the set and geometry
 // sections the deck. Where the outputs stand, an observer asks the streams themselves.
 #pragma once
 
@@ -51,6 +50,9 @@ public:
 };
 
 inline constinit Observer* observer = nullptr;
+
+// Where the card's columns begin of which the bulk handlers cut their fields.
+inline constinit Position watched_columns = 0;
 
 // Tells the observer of the characters that are read while this lives, but for a line's end.
 class Watched

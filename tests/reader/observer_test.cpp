@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "bulk/bulk.h"
 #include "loading/loading.h"
 #include "materials/materials.h"
 #include "reader/pass.h"
@@ -83,4 +84,24 @@ TEST_F(Watching, HeadingBehindAnIdentifierIsToldApart)
     contflag = 2;
     convert(contact_keywords, "*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE\n         1 glue\n*END\n");
     EXPECT_NE(record.told.find("<surfcon2tnodes 38+10'         1'=1 48..53 "), std::string::npos) << record.told;
+}
+
+TEST_F(Watching, FieldsOfBulkCardsAreToldLikeOthers)
+{
+    convert(sph_element_keywords, "*ELEMENT_SPH\n$\n       7      12             2.5\n       8 1\n*END\n");
+    EXPECT_EQ(record.told,
+              "[particles] *ELEMENT_SPH@0 <esph 15+8'       7'=7 23+8'      12'=12 31+16'             2.5'=2 "
+              "48+8'       8'=8 56+8' 1'- 58+16''- > *END@59 < ");
+}
+
+TEST_F(Watching, MembersOfSetsAreToldToTheirEighthField)
+{
+    convert(set_keywords, "*SET_PART\n         1\n         7\n*END\n");
+    EXPECT_NE(record.told.find("21+10'         7'=7 31+10''- 31+10''- "), std::string::npos) << record.told;
+}
+
+TEST_F(Watching, NodesFiveToEightOfShellsAreNotReadForEachShell)
+{
+    convert(shell_keywords, "*ELEMENT_SHELL\n       1       2       3       4       5       6       7       8\n*END\n");
+    EXPECT_NE(record.told.find("55+8'       6'=6 > "), std::string::npos) << record.told;
 }
