@@ -1,10 +1,8 @@
 // The control file and the names made from it, against a plain second reading.
-#include <array>
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -12,29 +10,9 @@
 #include "driver/file_names.h"
 #include "fuzz.h"
 #include "reader/run.h"
-#include "support/convert.h"
 
 namespace
 {
-// In the order of their labels' comparison, which is the order of the flags.
-struct Label {
-    const char* name;
-    bool whole;
-};
-constexpr std::array<Label, ControlFile::flag_count> labels = {{{"CARDFLAG", false},
-                                                                {"SETFLAG", false},
-                                                                {"GEOMFLAG", false},
-                                                                {"DEFFLAG", false},
-                                                                {"STNDFLAG", false},
-                                                                {"CONTFLAG", false},
-                                                                {"ICFLAG", true},
-                                                                {"LCFLAG", false},
-                                                                {"TRANFLAG", false},
-                                                                {"AMRFLAG", false},
-                                                                {"SPHFLAG", false},
-                                                                {"PLOTFLAG", false},
-                                                                {"ACCELFLAG", false}}};
-
 void read_plainly(const std::string& line, ControlFile& control)
 {
     std::string label;
@@ -52,11 +30,12 @@ void read_plainly(const std::string& line, ControlFile& control)
             if (c != ' ') control.sourcefile += c;
         return;
     }
-    for (std::size_t i = 0; i < labels.size(); ++i) {
-        const std::string name = labels[i].name;
-        if (labels[i].whole ? label != name : label.compare(0, name.size(), name) != 0) continue;
+    for (std::size_t i = 0; i < control_flags.size(); ++i) {
+        std::string name(control_flags[i].name);
+        for (char& c : name) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        if (name == "ICFLAG" ? label != name : label.compare(0, name.size(), name) != 0) continue;
         int number = 0;
-        if (std::sscanf(value.c_str(), "%i", &number) == 1) control.in[i] = number;
+        if (std::sscanf(value.c_str(), "%i", &number) == 1) control.values[i] = number;
         return;
     }
 }
@@ -65,14 +44,22 @@ ControlFile read_plainly(std::string_view text)
 {
     ControlFile control;
     std::string line;
-    for (const char c : text) {
-        line += c;
-        if (c != '\n' && line.size() < 199) continue;
+    for (std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0; at < text.size(); ++at) {
+        if (text.substr(at, 2) == "\r\n") continue;
+        line += text[at];
+        if (text[at] != '\n' && line.size() < 199) continue;
         read_plainly(line, control);
         line.clear();
     }
     if (!line.empty()) read_plainly(line, control);
     return control;
+}
+
+bool utf16_plainly(const std::uint8_t* data, std::size_t size)
+{
+    if (size < 2) return false;
+    const int first = data[0] * 256 + data[1];
+    return first == 0xFFFE || first == 0xFEFF || (first != 0 && (data[0] == 0 || data[1] == 0));
 }
 
 std::string base_plainly(const std::string& name)
@@ -99,14 +86,15 @@ void check_names(const std::string& deck)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const TemporaryName folder;
-    static const std::string name = (folder.path() / "control").string();
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    write_file(name, text);
-    const ControlFile control = readinputs(name.c_str());
+    const ControlFileRead read = read_settings(text);
+    expect(read.failure.empty() != utf16_plainly(data, size), "a text in UTF-16 that is read, or another that is not");
+    if (!read.failure.empty()) return 0;
     const ControlFile expected = read_plainly(text);
-    expect(control.sourcefile == expected.sourcefile, "another deck name");
-    expect(control.in == expected.in, "another flag");
-    check_names(control.sourcefile);
+    expect(read.control.sourcefile == expected.sourcefile, "another deck name");
+    expect(read.control.values == expected.values, "another flag");
+    const ControlFile again = read_settings(control_file_text(expected)).control;
+    expect(again.values == expected.values, "settings that do not survive their control file");
+    check_names(expected.sourcefile);
     return 0;
 }

@@ -5,78 +5,68 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "driver/control_file.h"
+#include "driver/conversion.h"
 #include "driver/faults.h"
 #include "driver/file_names.h"
-#include "driver/sections.h"
 #include "fuzz.h"
-#include "reader/keyword_copy.h"
 #include "reader/run.h"
-#include "support/convert.h"
 #include "support/plain_bulk.h"
 
 namespace
 {
-constexpr std::array<int*, 13> flags = {&cardflag, &setflag,  &geomflag, &defflag, &stndflag, &contflag, &icflag,
-                                        &lcflag,   &tranflag, &amrflag,  &sphflag, &plotflag, &accelflag};
-
-constexpr char deck_name[] = "model.k";
-constexpr char terminal_name[] = "terminal";
-
 constexpr std::size_t program_window = 262144;
 
-// What one conversion leaves behind, in a fixed order.
-using Files = std::vector<std::string>;
+// What one conversion leaves behind.
+struct Outputs {
+    std::string card, geometry, sets, accelerometers, log, copy, warnings;
+    std::uint64_t particle_count_position = 0;
+    int particles = 0;
 
-Files convert(std::string_view settings, std::size_t window)
+    bool operator==(const Outputs&) const = default;
+};
+
+void convert(std::string_view settings, std::string_view deck, std::size_t window, Outputs& outputs)
 {
+    static OutputStream collected;
     reset_run();
     stream_window = window;
-    for (std::size_t i = 0; i < flags.size(); ++i) *flags[i] = settings[i] & 3;
+    for (std::size_t i = 0; i < control_flags.size(); ++i) *control_flags[i].variable = settings[i] & 3;
     debflag = 1;
-    expect(set_file_names(deck_name), "the deck's name");
-    expect(std::freopen(terminal_name, "wb", stdout) != nullptr, "no terminal file");
-
-    bool opened = outfile.open(debug_file_name) && infile_geom.open(file_names.deck, stream_window);
-    if (accelflag == 1) opened = accelfile.open(accel_file_name) && opened;
-    if (cardflag == 1) opened = inpfile.open(file_names.card) && opened;
-    if (geomflag == 1) opened = geomfile.open(file_names.geom) && opened;
-    if (setflag == 1) opened = setfile.open(file_names.sets) && opened;
-    expect(opened, "a file that cannot be opened");
-    keyword_writer();
-    infile_geom.close();
-    write_sections();
-    for (OutputStream* const stream : {&inpfile, &geomfile, &setfile, &accelfile, &outfile}) stream->close();
-    std::fflush(stdout);
-
-    Files files;
-    for (const char* const name : {static_cast<const char*>(file_names.card), static_cast<const char*>(file_names.geom),
-                                   static_cast<const char*>(file_names.sets), accel_file_name, debug_file_name,
-                                   keyword_copy_name, terminal_name}) {
-        files.push_back(contents(name));
-        std::filesystem::remove(name);
-    }
-    files.push_back(std::to_string(particle_count_position) + " " + std::to_string(counts.particles));
-    return files;
+    expect(set_file_names("model.k"), "the deck's name");
+    outputs = {};
+    outfile.open(outputs.log);
+    keyword_of.open(outputs.copy);
+    if (cardflag == 1) inpfile.open(outputs.card);
+    if (geomflag == 1) geomfile.open(outputs.geometry);
+    if (setflag == 1) setfile.open(outputs.sets);
+    if (accelflag == 1) accelfile.open(outputs.accelerometers);
+    collected.open(outputs.warnings);
+    warnings = &collected;
+    deck_source.use(deck);
+    begin_conversion();
+    convert_deck();
+    for (OutputStream* const stream :
+         {&outfile, &keyword_of, &inpfile, &geomfile, &setfile, &accelfile, &collected})
+        stream->close();
+    outputs.particle_count_position = particle_count_position;
+    outputs.particles = counts.particles;
 }
 
-// What a section's second derivation writes into the file.
-std::string plain_file(void (*section)(), OutputStream& stream)
+// What a section's second derivation writes.
+const std::string& plainly(void (*section)(), OutputStream& stream, std::string_view deck)
 {
+    static std::string written;
     reset_run();
-    constexpr char name[] = "plain";
-    expect(infile.open(deck_name, program_window) && stream.open(name), "a file that cannot be opened");
+    infile.open_text(deck, program_window);
+    stream.open(written);
     section();
     infile.close();
     stream.close();
-    std::string written = contents(name);
-    std::filesystem::remove(name);
     return written;
 }
 }  // namespace
@@ -89,19 +79,20 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    static Outputs outputs;
+    static Outputs others;
     const std::string_view input(reinterpret_cast<const char*>(data), size);
-    if (input.size() < flags.size()) return 0;
-    const std::string_view settings = input.substr(0, flags.size());
-    const std::string_view deck = input.substr(flags.size());
-    const TemporaryFolder folder;
-    write_file(deck_name, deck);
-    const Files files = convert(settings, program_window);
+    if (input.size() < control_flags.size()) return 0;
+    const std::string_view settings = input.substr(0, control_flags.size());
+    const std::string_view deck = input.substr(control_flags.size());
+    convert(settings, deck, program_window, outputs);
     const bool geometry_wanted = geomflag == 1;
     const bool sets_wanted = setflag == 1;
-    if (geometry_wanted) expect(plain_file(plain_geometry_section, geomfile) == files[1], "another geometry file");
-    if (sets_wanted) expect(plain_file(plain_set_section, setfile) == files[2], "another set file");
-    expect(convert(settings, InputStream::smallest_window) == files, "the smallest window makes a difference");
-    expect(contents(deck_name) == deck, "the deck was changed");
+    if (geometry_wanted)
+        expect(plainly(plain_geometry_section, geomfile, deck) == outputs.geometry, "another geometry file");
+    if (sets_wanted) expect(plainly(plain_set_section, setfile, deck) == outputs.sets, "another set file");
+    convert(settings, deck, InputStream::smallest_window, others);
+    expect(others == outputs, "the smallest window makes a difference");
     expect(fault_status() == 0, "a fault");
     return 0;
 }

@@ -20,6 +20,9 @@ void plot_options();     // "Plot Options"
 void restart_control();  // "Restart Control Section"
 void partition();        // "Partition Section"
 
+// Writes the particle count, which the geometry passes found, over the line that the SPH section left for it.
+void rewrite_particle_count();
+
 // The pass tables, for docs and tests.
 extern const Pass control_keywords;
 extern const Pass history_keywords;

@@ -1,4 +1,6 @@
 // The main deck's "SPH Control Section". Lines that begin with "!" are offered to the analyst, inactive.
+#include <cstdio>
+
 #include "controls/controls.h"
 #include "reader/deck_lines.h"
 #include "reader/run.h"
@@ -85,14 +87,15 @@ void sample_smoothing_length()
           1, 1.5, run_settings.sph_memory);
 }
 
+constexpr char particle_count_line[] = " Initial number of SPH per processor  : %10i";
+
 // The first line is written again when the particles have been counted.
 void particle_count()
 {
-    print(inpfile,
-          " Initial number of SPH per processor  : %10i"
-          "        !--- initial guess of number of particle in each processor\n"
-          "                                                          !--- (current number assumes one processor)\n",
-          counts.particles);
+    print(inpfile, particle_count_line, counts.particles);
+    text(inpfile,
+         "        !--- initial guess of number of particle in each processor\n"
+         "                                                          !--- (current number assumes one processor)\n");
     text(inpfile, nearest_neighbors);
 }
 
@@ -164,4 +167,12 @@ void sph_control()
     if (!comprehensive()) return;  // sic: without the empty lines that end the other sections
     optional_deactivation(birth, death);
     text(inpfile, "\n\n");
+}
+
+void rewrite_particle_count()
+{
+    if (cardflag != 1 || !comprehensive() || sphflag != 1) return;
+    char line[64];
+    const int length = std::snprintf(line, sizeof line, particle_count_line, counts.particles);
+    inpfile.overwrite(particle_count_position, {line, static_cast<std::size_t>(length)});
 }

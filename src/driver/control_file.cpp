@@ -1,10 +1,12 @@
 #include "driver/control_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -15,49 +17,24 @@ namespace
 {
 constexpr std::size_t longest_line = 199;  // a longer one goes on as the next line
 
-struct Flag {
-    std::string_view label;  // compared over its length
-    std::string_view name;   // as the default file writes it, padded to its column
-    int value;               // in the default file
-    std::string_view comment;
-};
-
-constexpr Flag flags[ControlFile::flag_count] = {
-    {"CARDFLAG", " cardflag     :  ", 1, "         !--- .card file switch 0=don't print, 1=print\n\n"},
-    {"SETFLAG", " setflag      :  ", 1, "         !--- .set file switch 0=don't print, 1=print\n\n"},
-    {"GEOMFLAG", " geomflag     :  ", 1, "         !--- .geom file switch 0=don't print, 1=print\n\n"},
-    {"DEFFLAG", " defflag      :  ", 0,
-     "         !--- input deck defaults switch 0=concise output, 1=comprehensive output\n\n"},
-    {"STNDFLAG", " stndflag     :  ", 0,
-     "         !--- 0=don't use standards file; 1=use orts standards file; 2=use zel standards file\n\n"},
-    {"CONTFLAG", " contflag     :  ", 1,
-     "         !--- contact section switch 0=don't print, 1=print, 2=print using auto contact to tied node conversion "
-     "funtionality\n\n"},
-    {"ICFLAG", " icflag       :  ", 1, "         !--- initial conditions section 0=don't print, 1=print\n\n"},
-    {"LCFLAG", " lcflag       :  ", 0, "         !--- load curve section 0=don't print, 1=print\n\n"},
-    {"TRANFLAG", " tranflag     :  ", 0, "         !--- transformation section 0=don't print, 1=print\n\n"},
-    {"AMRFLAG", " amrflag      :  ", 0, "         !--- amr section 0=don't print, 1=print\n\n"},
-    {"SPHFLAG", " sphflag      :  ", 1, "         !--- sph section 0=don't print, 1=print\n\n"},
-    {"PLOTFLAG", " plotflag     :  ", 1, "         !--- plot section 0=don't print, 1=print\n\n"},
-    {"ACCELFLAG", " accelflag    :  ", 0,
-     "         !--- plot section 0=don't use accelerometer functionality, 1=convert locally defined coordinate systems "
-     "to accelerometer keywords\n\n"},
-};
-
-bool names(std::string_view label, const Flag& flag)
+char upper(char c)
 {
-    if (flag.label == "ICFLAG") return label == flag.label;  // sic: the only one that must match to its end
-    return label.starts_with(flag.label);
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// The line up to and including its newline, or its first 199 characters; empty at the end of the file.
-std::string read_line(std::istream& file)
+// True when the label, upper case, stands for the flag.
+bool names(std::string_view label, const ControlFlag& flag)
 {
-    std::string line;
-    for (char c = 0; line.size() < longest_line && file.get(c);) {
-        line += c;
-        if (c == '\n') break;
-    }
+    if (flag.whole_name && label.size() != flag.name.size()) return false;
+    return label.size() >= flag.name.size() && std::equal(flag.name.begin(), flag.name.end(), label.begin(),
+                                                          [](char lower, char c) { return upper(lower) == c; });
+}
+
+// Takes the text's first line up to and including its newline, or its first 199 characters; empty at its end.
+std::string_view take_line(std::string_view& text)
+{
+    const std::string_view line = text.substr(0, std::min(text.find('\n'), longest_line - 1) + 1);
+    text.remove_prefix(line.size());
     return line;
 }
 
@@ -84,43 +61,129 @@ void read_setting(std::string_view line, ControlFile& control)
     const std::size_t colon = line.find_first_of(":\n!");
     if (colon == std::string_view::npos || line[colon] != ':') return;
     std::string label = without_blanks(line.substr(0, colon));
-    std::transform(label.begin(), label.end(), label.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    std::string_view rest = line.substr(colon + 1);
+    std::transform(label.begin(), label.end(), label.begin(), upper);
+    const std::string_view rest = line.substr(colon + 1);
     std::string value(rest.substr(0, rest.find_first_of("\n!")));
 
     if (label.starts_with("SOURCEFILE")) {
         control.sourcefile = without_blanks(value);
         return;
     }
-    const auto* flag = std::find_if(std::begin(flags), std::end(flags), [&](const Flag& f) { return names(label, f); });
-    if (flag == std::end(flags)) return;
-    int& slot = control.in[static_cast<std::size_t>(flag - flags)];
-    slot = read_flag(std::move(value), slot);
+    for (std::size_t i = 0; i < control_flags.size(); ++i) {
+        if (!names(label, control_flags[i])) continue;
+        control.values[i] = read_flag(std::move(value), control.values[i]);
+        return;
+    }
+}
+
+// The text of the open file; `failure` tells why it could not be read.
+std::string whole_text(std::FILE* file, std::string& failure)
+{
+    std::string text;
+    char piece[4096];
+    errno = 0;
+    for (std::size_t n = 1; n > 0; text.append(piece, n)) n = std::fread(piece, 1, sizeof piece, file);
+    if (std::ferror(file) != 0) failure = std::strerror(errno != 0 ? errno : EIO);
+    return text;
+}
+
+// A byte order mark, or a first character of which one half is zero.
+bool is_utf16(std::string_view text)
+{
+    if (text.size() < 2) return false;
+    return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || (text[0] == '\0') != (text[1] == '\0');
+}
+
+// The text without what editors on other systems add.
+std::string as_written_here(std::string_view text)
+{
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    std::string kept;
+    kept.reserve(text.size());
+    for (const char c : text) {
+        if (c == '\n' && kept.ends_with('\r')) kept.pop_back();
+        kept += c;
+    }
+    return kept;
 }
 }  // namespace
 
-ControlFile readinputs(const char* name)
+ControlFile initial_settings()
 {
     ControlFile control;
-    std::ifstream file(name, std::ios::binary);
-    for (std::string line = read_line(file); !line.empty(); line = read_line(file)) read_setting(line, control);
+    control.sourcefile = "kestrune.k";
+    std::transform(control_flags.begin(), control_flags.end(), control.values.begin(),
+                   [](const ControlFlag& flag) { return flag.initially; });
     return control;
 }
 
-std::string writeinputs(const char* name)
+ControlFileRead read_settings(std::string_view text)
 {
+    ControlFileRead result;
+    if (is_utf16(text)) {
+        result.failure = "it is written in UTF-16: save it as plain text or UTF-8";
+        return result;
+    }
+    const std::string plain = as_written_here(text);
+    for (std::string_view rest = plain; !rest.empty();) read_setting(take_line(rest), result.control);
+    return result;
+}
+
+bool set_flag(ControlFile& control, std::string_view name, int value)
+{
+    for (std::size_t i = 0; i < control_flags.size(); ++i) {
+        if (control_flags[i].name != name) continue;
+        control.values[i] = value;
+        return true;
+    }
+    return false;
+}
+
+std::string control_file_text(const ControlFile& control)
+{
+    std::string all;
     OutputStream file;
-    if (!file.open(name)) return file.failure();
+    file.open(all);
     text(file, "!-------------------------------------------------------------------------------\n");
     text(file, "! input.morvex\n");
     text(file, "!-------------------------------------------------------------------------------\n\n");
-    print(file, " sourcefile   :  %10s\n\n", "kestrune.k");
-    for (const Flag& flag : flags) {
-        text(file, flag.name);
-        print(file, "%i", flag.value);
+    print(file, " sourcefile   :  %10s\n\n", control.sourcefile.c_str());
+    for (std::size_t i = 0; i < control_flags.size(); ++i) {
+        const ControlFlag& flag = control_flags[i];
+        print(file, " %-13s:  %i         !--- ", flag.name.data(), control.values[i]);
         text(file, flag.comment);
+        text(file, "\n\n");
     }
+    file.close();
+    return all;
+}
+
+void take_settings(const ControlFile& control)
+{
+    for (std::size_t i = 0; i < control_flags.size(); ++i) *control_flags[i].variable = control.values[i];
+    debflag = 1;
+}
+
+ControlFileRead readinputs(const char* name)
+{
+    ControlFileRead result;
+    errno = 0;
+    std::FILE* const file = std::fopen(name, "rb");
+    if (file == nullptr) {
+        result.missing = errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
+        result.failure = std::strerror(errno);
+        return result;
+    }
+    const std::string text = whole_text(file, result.failure);
+    std::fclose(file);
+    return result.failure.empty() ? read_settings(text) : result;
+}
+
+std::string writeinputs(const char* name, const ControlFile& control)
+{
+    OutputStream file;
+    if (!file.open(name)) return file.failure();
+    text(file, control_file_text(control));
     file.close();
     if (!file.failure().empty()) {
         std::error_code ignored;  // what a link leads to is removed, and the link stays

@@ -1,6 +1,5 @@
 #include "driver/driver.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -14,11 +13,10 @@
 #include <vector>
 
 #include "driver/control_file.h"
+#include "driver/conversion.h"
 #include "driver/faults.h"
 #include "driver/file_names.h"
 #include "driver/progress.h"
-#include "driver/sections.h"
-#include "reader/keyword_copy.h"
 #include "reader/run.h"
 
 namespace fs = std::filesystem;
@@ -62,23 +60,16 @@ void take_signals_as_errors()
 
 // ---- settings ------------------------------------------------------------------------------------------------------
 
-constexpr std::array<int*, ControlFile::flag_count> flags = {&cardflag, &setflag,  &geomflag, &defflag,  &stndflag,
-                                                             &contflag, &icflag,   &lcflag,   &tranflag, &amrflag,
-                                                             &sphflag,  &plotflag, &accelflag};
-
-// The control file's settings, printed and taken over.
-void take_settings(const ControlFile& control)
+// The settings as the terminal shows them, once they are taken.
+void print_settings(const ControlFile& control)
 {
-    if (control.in[3] == 1) std::printf("Printing comprehensive input deck\n");
-    if (control.in[3] == 0) std::printf("Printing concise input deck\n");
-    std::printf("\n%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s%10s\n", "sourcefile", "cardflag", "setflag",
-                "geomflag", "defflag", "stndflag", "contflag", "icflag", "lcflag", "tranflag", "amrflag", "sphflag",
-                "plotflag", "accelflag");
-    const auto& in = control.in;
-    std::printf("%10s%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i%10i\n\n", control.sourcefile.c_str(), in[0],
-                in[1], in[2], in[3], in[4], in[5], in[6], in[7], in[8], in[9], in[10], in[11], in[12]);
-    for (std::size_t i = 0; i < flags.size(); ++i) *flags[i] = in[i];
-    debflag = 1;
+    if (comprehensive()) std::printf("Printing comprehensive input deck\n");
+    if (defflag == 0) std::printf("Printing concise input deck\n");
+    std::printf("\n%10s", "sourcefile");
+    for (const ControlFlag& flag : control_flags) std::printf("%10s", flag.name.data());
+    std::printf("\n%10s", control.sourcefile.c_str());
+    for (const int value : control.values) std::printf("%10i", value);
+    std::printf("\n\n");
 }
 
 // ---- files ---------------------------------------------------------------------------------------------------------
@@ -171,41 +162,15 @@ DeckState deck_state()
     return {fs::file_size(file_names.deck, ignored), fs::last_write_time(file_names.deck, ignored)};
 }
 
-void write_keyword_copy()
-{
-    {
-        const Progress progress("keyword copy", infile_geom);
-        keyword_writer();
-    }
-    const bool deck_read = infile_geom.failure().empty();
-    if (!deck_read) report_fault(file_names.deck, infile_geom.failure());
-    infile_geom.close();
-    if (keyword_of.failure().empty()) return;
-    report_fault(keyword_copy_name, keyword_of.failure());
-    cardflag = 0;  // the main deck and the accelerometers are made from the copy
-    accelflag = 0;
-}
-
 // ---- the end of the run --------------------------------------------------------------------------------------------
-
-// Writes the particle count, which the geometry passes found, over the line that the SPH section left for it.
-void rewrite_particle_count()
-{
-    if (cardflag != 1 || !comprehensive() || sphflag != 1) return;
-    char line[64];
-    const int length =
-        std::snprintf(line, sizeof line, " Initial number of SPH per processor  : %10i", counts.particles);
-    inpfile.overwrite(particle_count_position, {line, static_cast<std::size_t>(length)});
-}
 
 void finish_files()
 {
-    rewrite_particle_count();
-    text(outfile, "\n **************** FINISHED **************** \n");
     finish(inpfile, file_names.card, cardflag);
     finish(geomfile, file_names.geom, geomflag);
     finish(setfile, file_names.sets, setflag);
     finish(accelfile, accel_file_name, accelflag);
+    keyword_of.close();
     finish(outfile, debug_file_name, debflag);
 }
 
@@ -234,17 +199,6 @@ int write_default_control_file()
     return 1;
 }
 
-// Why the control file, which is there, cannot be read; nothing when it can.
-std::string control_file_failure()
-{
-    std::error_code ignored;
-    if (fs::is_directory(control_file_name, ignored)) return std::strerror(EISDIR);
-    std::FILE* const file = std::fopen(control_file_name, "rb");
-    if (file == nullptr) return std::strerror(errno);
-    std::fclose(file);
-    return {};
-}
-
 // The end of a run that converts nothing.
 int end_early()
 {
@@ -255,28 +209,29 @@ int end_early()
 int convert()
 {
     std::printf("\nReading input file\n");
-    std::error_code ignored;
-    if (!fs::exists(control_file_name, ignored)) return write_default_control_file();
-    if (const std::string failure = control_file_failure(); !failure.empty()) {
-        report_fault(control_file_name, failure);
+    const ControlFileRead read = readinputs(control_file_name);
+    if (read.missing) return write_default_control_file();
+    if (!read.failure.empty()) {
+        report_fault(control_file_name, read.failure);
         return fault_status();
     }
-    const ControlFile control = readinputs(control_file_name);
+    const ControlFile& control = read.control;
     take_settings(control);
+    print_settings(control);
 
     const bool name_fits = set_file_names(control.sourcefile);
     if (!name_fits) report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
     if (name_fits && outputs_collide()) return fault_status();
     // asked before the debug log is created, which may be what the deck is called
-    const bool deck_exists = name_fits && fs::exists(file_names.deck, ignored);
+    const bool deck_exists = name_fits && deck_source.open(file_names.deck);
     create(outfile, debug_file_name, &debflag);
-    if (!deck_exists || !infile_geom.open(file_names.deck, stream_window)) {
+    if (!deck_exists) {
         std::printf("There is no %s file\n", control.sourcefile.c_str());
         return end_early();
     }
     const DeckState deck = deck_state();
     std::printf("Opening %s file\n", file_names.deck);
-    print(outfile, "Opening %s file\n", file_names.deck);
+    begin_conversion();
     if (accelflag == 1) create(accelfile, accel_file_name);
     if (cardflag == 1) {
         if (!may_write_main_deck()) {
@@ -287,10 +242,8 @@ int convert()
     }
     if (geomflag == 1) create(geomfile, file_names.geom, &geomflag);
     if (setflag == 1) create(setfile, file_names.sets, &setflag);
-    write_keyword_copy();
-    run_settings = {};
-    edflag = 0;
-    write_sections();
+    keyword_of.open(keyword_copy_name, "w+b");
+    convert_deck();
     if (deck_state() != deck) report_fault(file_names.deck, "it changed while it was being read");
     finish_files();
     print_summary();

@@ -1,21 +1,15 @@
 #include "driver/faults.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <set>
 #include <string>
 
-namespace
-{
-std::set<std::string>& reported()
-{
-    static std::set<std::string> files;
-    return files;
-}
-}  // namespace
+#include "reader/run.h"
 
 void report_fault(std::string_view file, std::string_view reason)
 {
-    if (!reported().emplace(file).second) return;
+    if (std::find(faulty_files.begin(), faulty_files.end(), file) != faulty_files.end()) return;
+    faulty_files.emplace_back(file);
     std::string line = "morvex: ";
     line.append(file).append(": ").append(reason).append("\n");
     std::fputs(line.c_str(), stderr);
@@ -23,5 +17,5 @@ void report_fault(std::string_view file, std::string_view reason)
 
 int fault_status()
 {
-    return reported().empty() ? 0 : 2;
+    return faulty_files.empty() ? 0 : 2;
 }

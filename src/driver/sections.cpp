@@ -79,11 +79,10 @@ void close_infile(Reads source)
 
 void open_infile(Reads source)
 {
-    if (!infile.open(name_of(source), stream_window))
-        report_fault(name_of(source), "it cannot be read");
-    else
-        infile.use_index(source == Reads::deck ? &deck_index : &copy_index);
-    if (observer != nullptr) observer->reads_deck(source == Reads::deck);
+    const bool deck = source == Reads::deck;
+    infile.open(deck ? deck_source : copy_source, stream_window);
+    infile.use_index(deck ? &deck_index : &copy_index);
+    if (observer != nullptr) observer->reads_deck(deck);
 }
 }  // namespace
 

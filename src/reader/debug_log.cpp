@@ -48,6 +48,9 @@ void warn(const char* format, ...)
 {
     std::va_list values;
     va_start(values, format);
-    std::vprintf(format, values);
+    if (warnings != nullptr)
+        warnings->print(format, values);
+    else
+        std::vprintf(format, values);
     va_end(values);
 }

@@ -30,5 +30,6 @@ void log_fields(std::initializer_list<Field> fields);
 // The heading and a line for each field; "no unused variables" when there is none.
 void log_unused(std::initializer_list<Field> fields);
 
-// Tells the terminal of a value that the solver does not take, or of what is missing, as printf does.
+// Tells the terminal, or the run's `warnings`, of a value that the solver does not take, or of what is missing, as
+// printf does.
 [[gnu::format(printf, 1, 2)]] void warn(const char* format, ...);

@@ -1,9 +1,7 @@
 #include "reader/input_stream.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -11,57 +9,40 @@ namespace
 {
 constexpr std::size_t first_stride = 4096;  // a jump to a keyword line rarely needs more
 constexpr std::string_view end_line = "*END\n";
-
-// The offset as fseek takes it; files beyond its range cannot be opened.
-long file_offset(Position position)
-{
-    return static_cast<long>(position);
-}
 }  // namespace
 
 bool InputStream::open(const char* file_name, std::size_t window)
 {
     close();
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file_name, ignored)) return false;
-    file_ = std::fopen(file_name, "rb");
-    if (file_ == nullptr) return false;
-    std::setvbuf(file_, nullptr, _IONBF, 0);  // the window is the buffer
-    char last = '\n';
-    bool readable = std::fseek(file_, 0, SEEK_END) == 0;
-    const long length = readable ? std::ftell(file_) : -1;
-    readable = length >= 0;
-    if (readable && length > 0)
-        readable = std::fseek(file_, length - 1, SEEK_SET) == 0 && std::fread(&last, 1, 1, file_) == 1;
-    if (!readable) {
-        close();
-        return false;
-    }
-    size_ = static_cast<Position>(length);
-    file_at_ = size_;
-    newline_missing_ = last != '\n';
-    start(window);
+    if (!own_.open(file_name)) return false;
+    open(own_, window);
     return true;
 }
 
 void InputStream::open_text(std::string_view text, std::size_t window)
 {
     close();
-    text_ = text;
-    size_ = text.size();
-    newline_missing_ = !text.empty() && text.back() != '\n';
+    own_.use(text);
+    open(own_, window);
+}
+
+void InputStream::open(TextSource& source, std::size_t window)
+{
+    if (&source != &own_) close();
+    source_ = &source;
+    size_ = source.size();
+    newline_missing_ = source.newline_missing();
     start(window);
 }
 
 void InputStream::close()
 {
-    if (file_ != nullptr) std::fclose(file_);
-    file_ = nullptr;
-    text_ = {};
+    own_.close();
+    source_ = nullptr;
     size_ = 0;
     newline_missing_ = false;
     index_ = nullptr;
-    observer_ = nullptr;
+    listener_ = nullptr;
     base_ = 0;
     cursor_ = filled_ = window_.get();
 }
@@ -122,20 +103,14 @@ std::size_t InputStream::read(char* destination, Position position, std::size_t 
 {
     std::size_t got = 0;
     if (position < size_) {
-        const auto in_file = static_cast<std::size_t>(std::min<Position>(wanted, size_ - position));
-        if (file_ == nullptr) {
-            got = text_.copy(destination, in_file, static_cast<std::size_t>(position));
-        } else {
-            errno = 0;
-            if (file_at_ == position || std::fseek(file_, file_offset(position), SEEK_SET) == 0)
-                got = std::fread(destination, 1, in_file, file_);
-            file_at_ = position + got;
-            if (observer_ != nullptr) observer_(got);
-            if (got < in_file) {
-                failure_ = errno != 0 ? errno : became_shorter;
-                size_ = file_at_;
-                newline_missing_ = true;
-            }
+        const auto in_text = static_cast<std::size_t>(std::min<Position>(wanted, size_ - position));
+        int failure = 0;
+        got = source_->read(destination, position, in_text, failure);
+        if (listener_ != nullptr) listener_(listener_context_, got);
+        if (got < in_text) {
+            failure_ = failure != 0 ? failure : became_shorter;
+            size_ = position + got;
+            newline_missing_ = true;
         }
     }
     if (got == 0)

@@ -1,16 +1,16 @@
-// The stream that decks are read from: a bounded window over a file, character by character or a line's columns at
+// The stream that decks are read from: a bounded window over a text, character by character or a line's columns at
 // once.
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "reader/keyword_index.h"
+#include "reader/text_source.h"
 
-// A text file, read through a window of fixed size, so that memory does not grow with the file.
+// A text, read through a window of fixed size, so that memory does not grow with the file.
 //
 // The text never ends: a last line without a newline reads as if it had one, and behind the text stand endless "*END"
 // lines. A stream that is not open holds nothing but these. So no loop over keyword lines can hang.
@@ -26,17 +26,27 @@ public:
 
     // Opens a regular file; false when there is none, or when it cannot be read. `window` is in bytes.
     bool open(const char* file_name, std::size_t window);
-    void close();
-    [[nodiscard]] bool is_open() const { return file_ != nullptr; }
+
+    // Reads a source that is open, and stays so until the stream is closed or opened again.
+    void open(TextSource& source, std::size_t window);
 
     // Reads text that is already in memory, which must outlive the stream's use of it.
     void open_text(std::string_view text, std::size_t window);
 
+    void close();
+    [[nodiscard]] bool is_open() const { return source_ != nullptr; }
+
     // The index of the keyword lines of this very file, or null: then keyword lines are searched for.
     void use_index(const KeywordIndex* index);
 
-    // Tells the observer how many bytes each read from the file has delivered; until the stream is closed.
-    void watch(void (*observer)(std::size_t bytes)) { observer_ = observer; }
+    // Tells the listener how many bytes each read from the file has delivered; until the stream is closed, or watched
+    // by null.
+    using Listener = void (*)(void* context, std::size_t bytes);
+    void watch(Listener listener, void* context)
+    {
+        listener_ = listener;
+        listener_context_ = context;
+    }
 
     // The next character.
     char next()
@@ -106,13 +116,13 @@ private:
     char* filled_ = nullptr;  // behind the last character in the window
     Position base_ = 0;       // position of the window's first character
     Position size_ = 0;       // characters in the file
-    Position file_at_ = 0;    // where the file itself stands
     std::size_t stride_ = 0;  // how much the next read takes: little after a jump, more as reading goes on
     bool newline_missing_ = false;
-    std::FILE* file_ = nullptr;
-    std::string_view text_;
+    TextSource* source_ = nullptr;
+    TextSource own_;  // of a stream that was opened by name or on text
     const KeywordIndex* index_ = nullptr;
     KeywordIndex::Place found_;  // the keyword line that was found last
-    void (*observer_)(std::size_t bytes) = nullptr;
+    Listener listener_ = nullptr;
+    void* listener_context_ = nullptr;
     int failure_ = 0;  // errno, or became_shorter
 };

@@ -63,7 +63,6 @@ void keyword_writer()
 {
     deck_index.clear();
     copy_index.clear();
-    keyword_of.open(keyword_copy_name);
     bool deck_line_begins = true;
     bool copy_line_begins = true;
     while (!infile_geom.at_end()) {
@@ -92,5 +91,4 @@ void keyword_writer()
         }
         if (length > 0) copy({piece, length}, copy_line_begins);
     }
-    keyword_of.close();
 }

@@ -7,8 +7,7 @@
 #include <optional>
 #include <vector>
 
-// A place in a stream, in characters from its beginning.
-using Position = std::uint64_t;
+#include "reader/text_source.h"
 
 // The positions of the lines that begin with "*", in ascending order. A deck may consist of nothing else, so they are
 // kept as distances, seven bits to a byte, in blocks: one or two bytes for most lines, five for those behind a gap of

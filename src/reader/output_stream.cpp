@@ -4,30 +4,74 @@
 #include <cerrno>
 #include <cstring>
 
-bool OutputStream::open(const char* file_name)
+bool OutputStream::open(const char* file_name, const char* mode)
 {
     close();
     failure_ = 0;
     errno = 0;
-    used_ = 0;
-    written_ = 0;
-    file_ = std::fopen(file_name, "wb");
-    if (file_ == nullptr) {
+    std::FILE* const file = std::fopen(file_name, mode);
+    if (file == nullptr) {
         fail();
         return false;
     }
-    std::setvbuf(file_, nullptr, _IONBF, 0);  // the buffer here is larger
-    flush();
+    open(file);
+    own_ = true;
     return true;
+}
+
+void OutputStream::open(std::FILE* file)
+{
+    start();
+    file_ = file;
+    std::setvbuf(file_, nullptr, _IONBF, 0);  // the buffer here is larger
+}
+
+void OutputStream::open(std::string& text)
+{
+    start();
+    text_ = &text;
+    text_->clear();
+}
+
+void OutputStream::open(Sink sink, void* context)
+{
+    start();
+    sink_ = sink;
+    sink_context_ = context;
+}
+
+// Closes what was open and begins anew, without a place to write to.
+void OutputStream::start()
+{
+    close();
+    failure_ = 0;
+    used_ = 0;
+    written_ = 0;
+    flush();
+    open_ = true;
 }
 
 void OutputStream::close()
 {
-    if (file_ == nullptr) return;
+    if (!open_) return;
     flush();
     errno = 0;
-    if (std::fclose(file_) != 0) fail();
+    if (own_ && std::fclose(file_) != 0) fail();
     file_ = nullptr;
+    text_ = nullptr;
+    sink_ = nullptr;
+    open_ = false;
+    own_ = false;
+}
+
+bool OutputStream::read_back(TextSource& source)
+{
+    flush();
+    if (failure_ != 0) return false;
+    if (file_ != nullptr) return source.use(file_);
+    if (text_ == nullptr) return false;
+    source.use(*text_);
+    return true;
 }
 
 void OutputStream::fail()
@@ -44,14 +88,23 @@ void OutputStream::flush()
 {
     if (buffer_ == nullptr) buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
     errno = 0;
-    if (file_ != nullptr && failure_ == 0 && used_ > 0 && std::fwrite(buffer_.get(), 1, used_, file_) != used_) fail();
+    if (open_ && failure_ == 0 && used_ > 0 && !deliver(written_, {buffer_.get(), used_})) fail();
     written_ += used_;
     used_ = 0;
 }
 
+// Writes characters behind all others, or at an earlier place where the file already stands.
+bool OutputStream::deliver(std::uint64_t position, std::string_view characters)
+{
+    if (file_ != nullptr) return std::fwrite(characters.data(), 1, characters.size(), file_) == characters.size();
+    if (text_ != nullptr) text_->replace(static_cast<std::size_t>(position), characters.size(), characters);
+    if (sink_ != nullptr) sink_(sink_context_, position, characters);
+    return true;
+}
+
 void OutputStream::append(std::string_view characters)
 {
-    if (file_ == nullptr) return;
+    if (!open_) return;
     while (!characters.empty()) {
         if (used_ == capacity) flush();
         const std::size_t n = std::min(capacity - used_, characters.size());
@@ -63,7 +116,7 @@ void OutputStream::append(std::string_view characters)
 
 void OutputStream::print(const char* format, std::va_list values)
 {
-    if (file_ == nullptr) return;
+    if (!open_) return;
     std::va_list again;
     va_copy(again, values);
     const int length = std::vsnprintf(buffer_.get() + used_, capacity - used_, format, values);
@@ -83,13 +136,12 @@ void OutputStream::print(const char* format, std::va_list values)
 
 void OutputStream::overwrite(std::uint64_t position, std::string_view characters)
 {
-    if (file_ == nullptr) return;
+    if (!open_) return;
     flush();
     if (failure_ != 0) return;
     errno = 0;
-    const bool done = std::fseek(file_, static_cast<long>(position), SEEK_SET) == 0 &&
-                      std::fwrite(characters.data(), 1, characters.size(), file_) == characters.size() &&
-                      std::fseek(file_, 0, SEEK_END) == 0;
+    const bool done = (file_ == nullptr || std::fseek(file_, static_cast<long>(position), SEEK_SET) == 0) &&
+                      deliver(position, characters) && (file_ == nullptr || std::fseek(file_, 0, SEEK_END) == 0);
     if (!done) fail();
     written_ = std::max(written_, position + characters.size());
 }

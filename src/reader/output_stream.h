@@ -9,8 +9,11 @@
 #include <string>
 #include <string_view>
 
-// A file that is written through a buffer. Lines end with "\n" on every system. The first failure sticks: what is
-// written after it is dropped, and the driver reports it at the end of the run.
+#include "reader/text_source.h"
+
+// A file, a text in memory or anything else that takes characters, written through a buffer. Lines end with "\n" on
+// every system. The first failure sticks: what is written after it is dropped, and the driver reports it at the end of
+// the run.
 class OutputStream
 {
 public:
@@ -19,12 +22,27 @@ public:
     OutputStream(const OutputStream&) = delete;
     OutputStream& operator=(const OutputStream&) = delete;
 
-    // Creates the file, or empties it; false when that fails.
-    bool open(const char* file_name);
+    // Creates the file, or empties it; false when that fails. The mode is fopen's: "w+b" when it is read back.
+    bool open(const char* file_name, const char* mode = "wb");
 
-    // Writes out what is buffered and closes the file; failure() tells whether all of it was written.
+    // Writes to a file that stands at its beginning, and that somebody else closes later.
+    void open(std::FILE* file);
+
+    // Writes to a text in memory, which is emptied first.
+    void open(std::string& text);
+
+    // Hands over the characters as the buffer fills, each piece with its position: those of overwrite stand at an
+    // earlier one. A null sink drops them; position() counts all the same.
+    using Sink = void (*)(void* context, std::uint64_t position, std::string_view characters);
+    void open(Sink sink, void* context);
+
+    // Writes out what is buffered and closes what open(name) has opened; failure() tells whether all was written.
     void close();
-    [[nodiscard]] bool is_open() const { return file_ != nullptr; }
+    [[nodiscard]] bool is_open() const { return open_; }
+
+    // Opens the source on what has been written, through the file's own handle or in memory; the stream must not be
+    // written to after that. False when it cannot be read back.
+    bool read_back(TextSource& source);
 
     void append(std::string_view characters);
 
@@ -54,14 +72,21 @@ public:
 private:
     static constexpr std::size_t capacity = 131072;
 
+    void start();
     void flush();
+    bool deliver(std::uint64_t position, std::string_view characters);
     void fail();
 
     std::unique_ptr<char[]> buffer_;
     std::size_t used_ = 0;
     std::uint64_t written_ = 0;
     std::FILE* file_ = nullptr;
-    int failure_ = 0;  // errno
+    std::string* text_ = nullptr;
+    Sink sink_ = nullptr;
+    void* sink_context_ = nullptr;
+    bool open_ = false;
+    bool own_ = false;  // the file is closed with the stream
+    int failure_ = 0;   // errno
 };
 
 // Writes a line's values as printf does; the format is checked against the values when the program is compiled.

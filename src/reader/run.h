@@ -1,8 +1,9 @@
-// All that lives as long as the run: the streams, the control flags, the current keyword line, the collected settings.
-// Only driver/ opens, closes and sets them, but for the settings that the control handlers collect; everyone else
-// reads, prints and tests a flag.
+// All that lives as long as the run: the streams, the control flags, the current keyword line, what handlers collect,
+// count and look up, and the faults of the surroundings. Only driver/ opens and closes streams and sets flags, names
+// and faults; handlers read and print, and set what the paragraphs below give to them.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -26,12 +27,18 @@ inline constinit OutputStream accelfile;   // accelerometer file
 inline constinit OutputStream outfile;     // debug log
 inline constinit OutputStream keyword_of;  // keyword copy while it is written
 
+inline constinit TextSource deck_source;  // the deck, opened once
+inline constinit TextSource copy_source;  // the keyword copy, once it is written
+
+// Where the handlers' warnings go; null: to standard output, as in the program itself.
+inline constinit OutputStream* warnings = nullptr;
+
 inline constinit std::size_t stream_window = 262144;  // bytes of a deck in memory at a time
 
 inline constinit KeywordIndex deck_index;  // keyword lines of the deck
 inline constinit KeywordIndex copy_index;  // keyword lines of the keyword copy
 
-// The current keyword line: upper case, without its newline, cut to 49 characters.
+// The current keyword line: upper case, without its newline, cut to 49 characters. Set by keyword().
 inline constinit char cbuffer[50]{};
 
 // ---- file names ----------------------------------------------------------------------------------------------------
@@ -77,7 +84,7 @@ inline bool standalone()  // no standards include file supplies the solver's set
 }
 
 inline constinit int debflag = 0;  // always 1: the debug log is always written
-inline constinit int edflag = 0;   // 1: some material asks for element deletion; nothing reads it
+inline constinit int edflag = 0;   // 1: some material asks for element deletion; set by handlers, read by nothing
 
 // ---- what the control pass collects --------------------------------------------------------------------------------
 
@@ -110,7 +117,7 @@ struct RunSettings {
 };
 inline constinit RunSettings run_settings{};
 
-// ---- running counts ------------------------------------------------------------------------------------------------
+// ---- running counts, which handlers keep ---------------------------------------------------------------------------
 
 struct Counts {
     int contacts = 0;    // contact keywords converted
@@ -138,5 +145,15 @@ inline constinit std::optional<BlastSegments> blast_segments;
 
 // ---- the end of the run --------------------------------------------------------------------------------------------
 
-// Where the main deck's particle count stands, which is known only at the end of the run.
+// Where the main deck's particle count stands, which is known only at the end of the run. Set by the SPH section.
 inline constinit std::uint64_t particle_count_position = 0;
+
+// The files whose faults were told on standard error.
+inline constinit std::vector<std::string> faulty_files;
+
+// When the run began, for the progress line; the beginning of all time where none is wanted.
+inline constinit std::chrono::steady_clock::time_point run_began{};
+
+// Makes everything of the run as it is before a run: streams closed, flags 0, the rest at its defaults. The window, the
+// way through bulk cards, the place of warnings and the clock stay as they are.
+void reset_run();

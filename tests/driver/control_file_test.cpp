@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
+#include "reader/run.h"
 #include "support/convert.h"
 
 namespace
@@ -14,19 +16,24 @@ namespace
 // The flags' places in the file's order.
 enum { card, set, geom, def, stnd, cont, ic, lc, tran, amr, sph, plot, accel };
 
-using Flags = std::array<int, ControlFile::flag_count>;
+using Flags = decltype(ControlFile::values);
 constexpr Flags all_zero{};
 
 ControlFile read(std::string_view text)
 {
-    const TemporaryFolder folder;
-    write_file("input.morvex", text);
-    return readinputs("input.morvex");
+    const ControlFileRead read = read_settings(text);
+    EXPECT_EQ(read.failure, "");
+    return read.control;
+}
+
+std::string refusal(std::string_view text)
+{
+    return read_settings(text).failure;
 }
 
 int flag(std::string_view text, int place)
 {
-    return read(text).in[static_cast<std::size_t>(place)];
+    return read(text).values[static_cast<std::size_t>(place)];
 }
 }  // namespace
 
@@ -84,8 +91,8 @@ TEST(ControlFile, DefaultFileReadBackGivesTheDefaults)
 {
     const TemporaryFolder folder;
     ASSERT_EQ(writeinputs("input.morvex"), "");
-    const ControlFile control = readinputs("input.morvex");
-    EXPECT_EQ(control.in, (Flags{1, 1, 1, 0, 0, 1, 1, 0, 0, 0, 1, 1, 0}));
+    const ControlFile control = readinputs("input.morvex").control;
+    EXPECT_EQ(control.values, (Flags{1, 1, 1, 0, 0, 1, 1, 0, 0, 0, 1, 1, 0}));
     EXPECT_EQ(control.sourcefile, "kestrune.k");
 }
 
@@ -107,18 +114,18 @@ TEST(ControlFile, EveryFlagHasItsOwnPlace)
 {
     const char* const labels[] = {"cardflag", "setflag",  "geomflag", "defflag", "stndflag", "contflag", "icflag",
                                   "lcflag",   "tranflag", "amrflag",  "sphflag", "plotflag", "accelflag"};
-    for (std::size_t i = 0; i < ControlFile::flag_count; ++i) {
+    for (std::size_t i = 0; i < control_flags.size(); ++i) {
         Flags expected{};
         expected[i] = 7;
-        EXPECT_EQ(read(std::string(labels[i]) + ":7\n").in, expected) << labels[i];
+        EXPECT_EQ(read(std::string(labels[i]) + ":7\n").values, expected) << labels[i];
     }
 }
 
 TEST(ControlFile, IcflagMustMatchToItsEnd)
 {
     EXPECT_EQ(flag("icflag:1\n", ic), 1);
-    EXPECT_EQ(read("icflags:1\n").in, all_zero);
-    EXPECT_EQ(read("icfla:1\n").in, all_zero);
+    EXPECT_EQ(read("icflags:1\n").values, all_zero);
+    EXPECT_EQ(read("icfla:1\n").values, all_zero);
 }
 
 TEST(ControlFile, LabelThatBeginsWithAnotherKeywordCountsAsIt)
@@ -133,7 +140,7 @@ TEST(ControlFile, LabelOneCharacterShortOrOffIsIgnored)
 {
     for (const char* label : {"cardfla", "setfla", "geomfla", "deffla", "stndfla", "contfla", "lcfla", "tranfla",
                               "amrfla", "sphfla", "plotfla", "accelfla", "acardflag", "-setflag"})
-        EXPECT_EQ(read(std::string(label) + ":1\n").in, all_zero) << label;
+        EXPECT_EQ(read(std::string(label) + ":1\n").values, all_zero) << label;
     EXPECT_EQ(read("sourcefil:m.k\n").sourcefile, "");
 }
 
@@ -144,8 +151,8 @@ TEST(ControlFile, ColonInACommentDoesNotEndTheValue)
 
 TEST(ControlFile, LineThatBeginsAsACommentIsIgnored)
 {
-    EXPECT_EQ(read("! setflag : 1\n").in, all_zero);
-    EXPECT_EQ(read("set!flag : 1\n").in, all_zero);
+    EXPECT_EQ(read("! setflag : 1\n").values, all_zero);
+    EXPECT_EQ(read("set!flag : 1\n").values, all_zero);
 }
 
 TEST(ControlFile, BlanksInLabelsAreDropped)
@@ -156,9 +163,9 @@ TEST(ControlFile, BlanksInLabelsAreDropped)
 
 TEST(ControlFile, TabsInLabelsAreKept)
 {
-    EXPECT_EQ(read("\tsetflag : 1\n").in, all_zero);
+    EXPECT_EQ(read("\tsetflag : 1\n").values, all_zero);
     EXPECT_EQ(flag("setflag\t : 1\n", set), 1) << "behind the keyword anything may stand";
-    EXPECT_EQ(read("icflag\t: 1\n").in, all_zero) << "but for icflag";
+    EXPECT_EQ(read("icflag\t: 1\n").values, all_zero) << "but for icflag";
 }
 
 TEST(ControlFile, CaseOfLabelsDoesNotMatter)
@@ -192,9 +199,31 @@ TEST(ControlFile, EmptyDeckNameReplacesTheOneBefore)
     EXPECT_EQ(read("sourcefile: a.k\nsourcefile:\n").sourcefile, "");
 }
 
-TEST(ControlFile, CarriageReturnStaysInTheDeckName)
+TEST(ControlFile, CarriageReturnBeforeTheNewlineBelongsToTheLinesEnd)
 {
-    EXPECT_EQ(read("sourcefile: a.k\r\n").sourcefile, "a.k\r");
+    EXPECT_EQ(read("sourcefile: a.k\r\nsetflag: 1\r\n").sourcefile, "a.k");
+    EXPECT_EQ(read("sourcefile: a\rb.k\r\r\n").sourcefile, "a\rb.k\r") << "no other one does";
+    EXPECT_EQ(read("sourcefile: a.k\r").sourcefile, "a.k\r") << "nor one without a newline";
+    const std::string line = "setflag:1" + std::string(189, ' ');
+    ASSERT_EQ(line.size(), 198u);
+    EXPECT_EQ(flag(line + "\r\ncardflag:1\r\n", card), 1) << "it counts neither for the length of a line";
+}
+
+TEST(ControlFile, ByteOrderMarkOfUtf8IsSkipped)
+{
+    EXPECT_EQ(read("\xEF\xBB\xBFsourcefile: a.k\n").sourcefile, "a.k");
+    EXPECT_EQ(read("setflag:1\n\xEF\xBB\xBFsourcefile: a.k\n").sourcefile, "") << "only at the head";
+    EXPECT_EQ(read("\xEF\xBB").values, all_zero);
+}
+
+TEST(ControlFile, Utf16IsRefusedByItsName)
+{
+    using namespace std::string_view_literals;
+    for (const std::string_view text :
+         {"\xFF\xFEs\0e\0t\0"sv, "\xFE\xFF\0s\0e\0t"sv, "s\0e\0t\0"sv, "\0s\0e\0t"sv, "\xFF\xFE"sv})
+        EXPECT_EQ(refusal(text), "it is written in UTF-16: save it as plain text or UTF-8");
+    for (const std::string_view text : {""sv, "s"sv, "\0"sv, "\0\0"sv, "s:\0"sv, "\xFE"sv})
+        EXPECT_EQ(refusal(text), "");
 }
 
 TEST(ControlFile, CarriageReturnBehindANumberDoesNotMatter)
@@ -266,28 +295,28 @@ TEST(ControlFile, LabelThatOccursTwiceTakesItsLastValue)
 TEST(ControlFile, MissingLabelsAreZero)
 {
     const ControlFile control = read("sourcefile : model.k\n");
-    EXPECT_EQ(control.in, all_zero);
+    EXPECT_EQ(control.values, all_zero);
     EXPECT_EQ(control.sourcefile, "model.k");
 }
 
 TEST(ControlFile, EmptyFileGivesZerosAndNoName)
 {
     const ControlFile control = read("");
-    EXPECT_EQ(control.in, all_zero);
+    EXPECT_EQ(control.values, all_zero);
     EXPECT_EQ(control.sourcefile, "");
 }
 
 TEST(ControlFile, OrderOfLinesDoesNotMatter)
 {
     const ControlFile control = read("accelflag:3\nsourcefile:z.k\ncardflag:1\n");
-    EXPECT_EQ(control.in[accel], 3);
-    EXPECT_EQ(control.in[card], 1);
+    EXPECT_EQ(control.values[accel], 3);
+    EXPECT_EQ(control.values[card], 1);
     EXPECT_EQ(control.sourcefile, "z.k");
 }
 
 TEST(ControlFile, LinesWithoutAColonAreIgnored)
 {
-    EXPECT_EQ(read("\n\nsetflag 1\nsetflag\n:\n  :1\n").in, all_zero);
+    EXPECT_EQ(read("\n\nsetflag 1\nsetflag\n:\n  :1\n").values, all_zero);
 }
 
 TEST(ControlFile, LastLineNeedsNoNewline)
@@ -320,8 +349,8 @@ TEST(ControlFile, LineOf199CharactersAndItsNewlineLeavesAnEmptyLine)
     const std::string line = "setflag:1" + std::string(190, ' ');
     ASSERT_EQ(line.size(), 199u);
     const ControlFile control = read(line + "\ncardflag:1\n");
-    EXPECT_EQ(control.in[set], 1);
-    EXPECT_EQ(control.in[card], 1);
+    EXPECT_EQ(control.values[set], 1);
+    EXPECT_EQ(control.values[card], 1);
 }
 
 TEST(ControlFile, NulCharactersDoNotEndTheReading)
@@ -330,10 +359,51 @@ TEST(ControlFile, NulCharactersDoNotEndTheReading)
     EXPECT_EQ(flag("\0\0\n\0\nsetflag:1\n"sv, set), 1);
 }
 
-TEST(ControlFile, FileThatCannotBeOpenedLeavesEverythingZero)
+TEST(ControlFile, MissingFileIsToldFromOneThatCannotBeRead)
 {
     const TemporaryFolder folder;
-    const ControlFile control = readinputs("missing");
-    EXPECT_EQ(control.in, all_zero);
-    EXPECT_EQ(control.sourcefile, "");
+    ControlFileRead read = readinputs("missing");
+    EXPECT_TRUE(read.missing);
+    EXPECT_EQ(read.failure, "No such file or directory");
+    EXPECT_EQ(read.control.values, all_zero);
+    std::filesystem::create_directory("folder");
+    read = readinputs("folder");
+    EXPECT_FALSE(read.missing);
+    EXPECT_EQ(read.failure, "Is a directory");
+}
+
+// ---- settings without a file ---------------------------------------------------------------------------------------
+
+TEST(Settings, TextOfSettingsReadsBackAsThem)
+{
+    ControlFile control = initial_settings();
+    control.sourcefile = "a model.k";  // the blank goes, as in any control file
+    for (std::size_t i = 0; i < control.values.size(); ++i) control.values[i] = static_cast<int>(3 * i) - 7;
+    const ControlFile back = read_settings(control_file_text(control)).control;
+    EXPECT_EQ(back.values, control.values);
+    EXPECT_EQ(back.sourcefile, "amodel.k");
+}
+
+TEST(Settings, FlagIsSetByItsName)
+{
+    ControlFile control;
+    EXPECT_TRUE(set_flag(control, "icflag", 5));
+    EXPECT_EQ(control.values[ic], 5);
+    EXPECT_FALSE(set_flag(control, "icflags", 5));
+    EXPECT_FALSE(set_flag(control, "", 5));
+}
+
+TEST(Settings, TakenSettingsAreTheFlagsOfTheRun)
+{
+    ControlFile control;
+    control.values = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
+    take_settings(control);
+    EXPECT_EQ((Flags{cardflag, setflag, geomflag, defflag, stndflag, contflag, icflag, lcflag, tranflag, amrflag,
+                     sphflag, plotflag, accelflag}),
+              control.values);
+    EXPECT_EQ(debflag, 1);
+    reset_run();
+    EXPECT_EQ((Flags{cardflag, setflag, geomflag, defflag, stndflag, contflag, icflag, lcflag, tranflag, amrflag,
+                     sphflag, plotflag, accelflag}),
+              all_zero);
 }

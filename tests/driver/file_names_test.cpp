@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "reader/run.h"
 #include "support/convert.h"
 
 namespace

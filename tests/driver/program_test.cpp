@@ -157,11 +157,12 @@ TEST_F(DeckMissing, DeckThatIsAPipeCountsAsMissingAndIsNotWaitedFor)
     EXPECT_TRUE(outcome.out.ends_with("There is no model.k file\n"));
 }
 
-TEST_F(DeckMissing, CarriageReturnBelongsToTheName)
+TEST_F(DeckMissing, CarriageReturnsOfTheControlFileDoNotHideTheDeck)
 {
-    const Outcome outcome = run(model, "sourcefile:model.k\r\n");
+    const Outcome outcome = run(model, "\xEF\xBB\xBFsourcefile:model.k\r\ngeomflag:1\r\n");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_TRUE(outcome.out.ends_with("There is no model.k\r file\n"));
+    EXPECT_TRUE(contains(outcome.out, "Opening model.k file\n"));
+    EXPECT_NE(contents("model.geom"), "");
 }
 
 TEST_F(DeckMissing, NameOf80CharactersIsAFaultAndNoFileOfItsBeginningIsTouched)

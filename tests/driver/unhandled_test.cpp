@@ -4,6 +4,7 @@
 #include <string>
 
 #include "driver/driver.h"
+#include "reader/run.h"
 #include "support/convert.h"
 
 namespace

@@ -12,26 +12,20 @@ namespace
 template <class Action>
 Written run(Action&& action, std::string_view deck)
 {
-    const TemporaryFolder folder;
-    inpfile.open("deck");
-    outfile.open("log");
-    setfile.open("sets");
-    geomfile.open("geometry");
-    accelfile.open("accelerometers");
+    Written written;
+    inpfile.open(written.deck);
+    outfile.open(written.log);
+    setfile.open(written.sets);
+    geomfile.open(written.geometry);
+    accelfile.open(written.accelerometers);
     infile.open_text(deck, stream_window);
     particle_sections.reset();
     blast_segments.reset();
     testing::internal::CaptureStdout();
     action();
-    Written written;
     written.terminal = testing::internal::GetCapturedStdout();
     infile.close();
     for (OutputStream* stream : {&inpfile, &outfile, &setfile, &geomfile, &accelfile}) stream->close();
-    written.deck = contents("deck");
-    written.log = contents("log");
-    written.sets = contents("sets");
-    written.geometry = contents("geometry");
-    written.accelerometers = contents("accelerometers");
     return written;
 }
 

@@ -45,10 +45,7 @@ struct Written {
     std::string accelerometers;  // accelerometer file
 };
 
-// Everything of the run as it is before a run: flags 0, settings and counts at their defaults, streams closed.
-void reset_run();
-
-// Runs the procedure with infile at the beginning of the deck text and fresh output files. Flags are the test's to set
+// Runs the procedure with infile at the beginning of the deck text and outputs in memory. Flags are the test's to set
 // before; run settings and counts stay as they are, and can be looked at afterwards.
 Written convert(void (*procedure)(), std::string_view deck);
 

@@ -6,6 +6,7 @@
 
 #include <string_view>
 
+#include "reader/run.h"
 #include "support/convert.h"
 
 // Both bulk sections, as a run writes them.

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "materials/materials.h"
+#include "reader/run.h"
 #include "support/convert.h"
 
 class FreshRun : public testing::Test

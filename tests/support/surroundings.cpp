@@ -55,22 +55,3 @@ void write_file(const fs::path& file, std::string_view text)
     stream << text;
     if (!stream.flush()) throw std::runtime_error("cannot write " + file.string());
 }
-
-void reset_run()
-{
-    infile.close();
-    infile_geom.close();
-    for (OutputStream* stream : {&inpfile, &geomfile, &setfile, &accelfile, &outfile, &keyword_of}) stream->close();
-    deck_index.clear();
-    copy_index.clear();
-    cbuffer[0] = '\0';
-    file_names = {};
-    for (int* flag : {&cardflag, &setflag, &geomflag, &defflag, &stndflag, &contflag, &icflag, &lcflag, &tranflag,
-                      &amrflag, &sphflag, &plotflag, &accelflag, &debflag, &edflag})
-        *flag = 0;
-    run_settings = {};
-    counts = {};
-    particle_sections.reset();
-    blast_segments.reset();
-    particle_count_position = 0;
-}
