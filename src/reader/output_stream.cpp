@@ -68,7 +68,7 @@ bool OutputStream::read_back(TextSource& source)
 {
     flush();
     if (failure_ != 0) return false;
-    if (file_ != nullptr) return source.use(file_);
+    if (file_ != nullptr) return source.use(file_) && source.size() == written_;
     if (text_ == nullptr) return false;
     source.use(*text_);
     return true;
