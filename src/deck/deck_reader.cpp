@@ -89,7 +89,7 @@ DeckReader::Tree::Tree(const fs::path& main_deck, Report report, ReaderLimits li
     : report_(std::move(report)), limits_(limits), folders_(main_deck)
 {
     stack_.push_back({LineFile(main_deck), 0, identity_of(main_deck), {}, false, {}});
-    files.push_back({main_deck, main_deck.filename().string(), 0, 0, {}});
+    files.push_back({main_deck, main_deck.filename().string()});
     parameters.begin_file();
 }
 
@@ -105,7 +105,7 @@ void DeckReader::Tree::give_up_reading(const Fault& fault)
 {
     if (stack_.size() == 1) throw fault;
     const SourceFile& file = files[top().number];
-    tell({files[file.included_from].name, file.included_at}, "MD122",
+    tell({files[file.included_from].name, file.included_at, file.included_column, file.included_end_column}, "MD122",
          "include file \"" + file.name + "\" " + fault.problem().message);
     top().ended = true;
 }
@@ -225,8 +225,9 @@ void DeckReader::Tree::finish_block()
     if (include_transform_) {
         if (const auto name = include_transform_->finish()) {
             if (!include_transform_->refused().empty())
-                tell({files[block.file].name, include_transform_->refused_line()}, "MD124",
-                     "*INCLUDE_TRANSFORM with " + include_transform_->refused());
+                refuse(*name, "MD124",
+                       "*INCLUDE_TRANSFORM with " + include_transform_->refused() + " in line " +
+                           std::to_string(include_transform_->refused_line()));
             want(*name, include_transform_->change());
         }
     }
@@ -294,8 +295,8 @@ void DeckReader::Tree::open_wanted(const Wanted& wanted)
                       false,
                       {}};
         top().lines.suspend();
-        files.push_back({found.path, folders_.shown(found.path), top().number, wanted.name.line,
-                         combined(wanted.change, files[top().number].change)});
+        files.push_back({found.path, folders_.shown(found.path), top().number, wanted.name.line, wanted.name.column,
+                         wanted.name.end_column, combined(wanted.change, files[top().number].change)});
         stack_.push_back(std::move(file));
         parameters.begin_file();
     } catch (const Fault& fault) {

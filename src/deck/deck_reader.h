@@ -35,8 +35,10 @@ struct SourceFile {
     std::filesystem::path path;  // that opens it
     std::string name;            // as findings show it: relative to the main deck's folder, "/" between folders
     FileNumber included_from = 0;
-    std::size_t included_at = 0;  // the line that names it; 0 for the main deck
-    ContentChange change;         // by *INCLUDE_TRANSFORM, those of the files around it included
+    std::size_t included_at = 0;      // the line that names it, and the columns of the name there (from 1, and behind
+    std::size_t included_column = 0;  // its last character); 0 for the main deck
+    std::size_t included_end_column = 0;
+    ContentChange change{};  // by *INCLUDE_TRANSFORM, those of the files around it included
 };
 
 // The head of a block.

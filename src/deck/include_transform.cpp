@@ -157,9 +157,9 @@ void IncludeTransformBlock::take_transformation(std::string_view text)
     if (id == 0) return;
     const auto known = transformations_->find(id);
     if (known == transformations_->end())
-        refuse("transformation " + std::to_string(id) + ", which is not defined before");
+        refuse("undefined transformation " + std::to_string(id));
     else if (!known->second.without_matrix.empty())
-        refuse("transformation " + std::to_string(id) + " with its step " + known->second.without_matrix);
+        refuse("transformation " + std::to_string(id) + " (its step " + known->second.without_matrix + ")");
     else
         change_.transformation = known->second.transformation;
 }

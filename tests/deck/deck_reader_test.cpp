@@ -156,7 +156,7 @@ TEST(DeckReader, UnreadableIncludeFilesAreTold)
     EXPECT_EQ(reading.blocks, (Strings{"*INCLUDE", "*A", "*END"}));
     ASSERT_EQ(reading.problems.size(), 2u);
     EXPECT_EQ(reading.problems[0], "main.k:2:1: include file \"folder.k\" is not found (tried: folder.k) [MD122]");
-    EXPECT_EQ(reading.problems[1], "main.k:3: include file \"long.k\" cannot be read: line 2 is longer than 1048576 "
+    EXPECT_EQ(reading.problems[1], "main.k:3:1: include file \"long.k\" cannot be read: line 2 is longer than 1048576 "
                                    "characters [MD122]");
 }
 

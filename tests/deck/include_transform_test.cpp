@@ -75,22 +75,24 @@ TEST(IncludeTransform, WhatCannotBeAppliedIsTold)
 {
     const TemporaryFolder folder;
     const std::string begin = "*INCLUDE_TRANSFORM\nmesh.k\n\n";
-    EXPECT_EQ(read(begin + "\n    1000.0\n").problems,
-              (std::vector<std::string>{"main.k:5: *INCLUDE_TRANSFORM with a conversion of units [MD124]"}));
-    EXPECT_EQ(read(begin + "\n       0.0       0.0       0.0      FtoC\n").problems,
-              (std::vector<std::string>{"main.k:5: *INCLUDE_TRANSFORM with a conversion of temperatures [MD124]"}));
-    EXPECT_EQ(read(begin + "                    left_\n").problems,
-              (std::vector<std::string>{"main.k:4: *INCLUDE_TRANSFORM with a prefix or suffix [MD124]"}));
-    EXPECT_EQ(read(begin + "\n\n         7\n").problems,
-              (std::vector<std::string>{
-                  "main.k:6: *INCLUDE_TRANSFORM with transformation 7, which is not defined before [MD124]"}));
     EXPECT_EQ(
-        read("*DEFINE_TRANSFORMATION_TITLE\nmirror, then move\n         7\nPOS6P              1\n" + begin +
-             "\n\n         7\n")
-            .problems,
-        (std::vector<std::string>{"main.k:10: *INCLUDE_TRANSFORM with transformation 7 with its step POS6P [MD124]"}));
+        read(begin + "\n    1000.0\n").problems,
+        (std::vector<std::string>{"main.k:2:1: *INCLUDE_TRANSFORM with a conversion of units in line 5 [MD124]"}));
+    EXPECT_EQ(read(begin + "\n       0.0       0.0       0.0      FtoC\n").problems,
+              (std::vector<std::string>{
+                  "main.k:2:1: *INCLUDE_TRANSFORM with a conversion of temperatures in line 5 [MD124]"}));
+    EXPECT_EQ(read(begin + "                    left_\n").problems,
+              (std::vector<std::string>{"main.k:2:1: *INCLUDE_TRANSFORM with a prefix or suffix in line 4 [MD124]"}));
+    EXPECT_EQ(
+        read(begin + "\n\n         7\n").problems,
+        (std::vector<std::string>{"main.k:2:1: *INCLUDE_TRANSFORM with undefined transformation 7 in line 6 [MD124]"}));
+    EXPECT_EQ(read("*DEFINE_TRANSFORMATION_TITLE\nmirror, then move\n         7\nPOS6P              1\n" + begin +
+                   "\n\n         7\n")
+                  .problems,
+              (std::vector<std::string>{
+                  "main.k:6:1: *INCLUDE_TRANSFORM with transformation 7 (its step POS6P) in line 10 [MD124]"}));
     EXPECT_EQ(read("*INCLUDE_TRANSFORM\nmesh.k\n       abc\n").problems,
-              (std::vector<std::string>{"main.k:3: *INCLUDE_TRANSFORM with \"abc\" is no number [MD124]"}));
+              (std::vector<std::string>{"main.k:2:1: *INCLUDE_TRANSFORM with \"abc\" is no number in line 3 [MD124]"}));
 }
 
 TEST(IncludeTransform, OtherKindsAreNotFollowed)
