@@ -7,10 +7,11 @@
 #include "bulk/bulk.h"
 #include "reader/run.h"
 #include "support/every_way.h"
+#include "support/fresh_run.h"
 
 namespace
 {
-using Geometry = Bulk;
+using Geometry = FreshRun;
 
 const std::string opening = "!------------------------------------------------\n"
                             "! Geometry Definitions\n"

@@ -8,11 +8,12 @@
 
 #include "reader/run.h"
 #include "support/every_way.h"
+#include "support/fresh_run.h"
 #include "support/random.h"
 
 namespace
 {
-using RandomDecks = Bulk;
+using RandomDecks = FreshRun;
 
 // What a field may hold, right-aligned as far as it fits.
 std::string field(Random& random, std::size_t width)

@@ -8,10 +8,11 @@
 #include "bulk/bulk.h"
 #include "reader/run.h"
 #include "support/every_way.h"
+#include "support/fresh_run.h"
 
 namespace
 {
-using Sets = Bulk;
+using Sets = FreshRun;
 
 const std::string opening = "!------------------------------------------------\n"
                             "! Set Definitions\n"

@@ -1,7 +1,7 @@
 // "AMR Section": the lines of each kind of deck.
 #include "support/control_lines.h"
 
-using Amr = Controls;
+using Amr = FreshRun;
 
 namespace
 {

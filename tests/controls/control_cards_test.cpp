@@ -1,7 +1,7 @@
 // *TITLE and the *CONTROL keywords: what they store, log and announce.
 #include "support/control_lines.h"
 
-using TitleCard = Controls;
+using TitleCard = FreshRun;
 
 TEST_F(TitleCard, KeepsTheLineAsItStands)
 {
@@ -62,7 +62,7 @@ TEST_F(TitleCard, AMissingTitleTakesTheNextKeywordLine)
     EXPECT_EQ(run_settings.soln, 0);
 }
 
-using BulkViscosity = Controls;
+using BulkViscosity = FreshRun;
 
 TEST_F(BulkViscosity, Type1IsStoredQuietly)
 {
@@ -115,7 +115,7 @@ TEST_F(BulkViscosity, ANumberThatIsNotRightAlignedReadsAsZero)
     EXPECT_EQ(run_settings.q2, 0.0f);  // its last column is blank as well
 }
 
-using Hourglass = Controls;
+using Hourglass = FreshRun;
 
 TEST_F(Hourglass, TypesUpTo5AndNegativeOnesPass)
 {
@@ -155,7 +155,7 @@ TEST_F(Hourglass, TypesFrom6OnBecome1WithAWarning)
     }
 }
 
-using ControlContact = Controls;
+using ControlContact = FreshRun;
 
 TEST_F(ControlContact, StoresTheScaleFactorAndLogsTheRest)
 {
@@ -218,7 +218,7 @@ TEST_F(ControlContact, CardTwoIsReadAlsoWhenCardOneHasMoreColumns)
     EXPECT_EQ(lines_equal(written.log, "    usrstr:         8"), 1U);
 }
 
-using Solution = Controls;
+using Solution = FreshRun;
 
 TEST_F(Solution, IsStoredWithoutARangeCheck)
 {
@@ -254,7 +254,7 @@ TEST_F(Solution, WhatStandsBehindItsLastFieldIsLeftUnread)
     EXPECT_STREQ(run_settings.title, "behind the card");
 }
 
-using Termination = Controls;
+using Termination = FreshRun;
 
 TEST_F(Termination, StoresTheEndTimeAndLogsTheRest)
 {
@@ -270,7 +270,7 @@ TEST_F(Termination, StoresTheEndTimeAndLogsTheRest)
     EXPECT_EQ(written.terminal, "");
 }
 
-using TimeStep = Controls;
+using TimeStep = FreshRun;
 
 TEST_F(TimeStep, StoresItsThreeValuesAndLogsTheRest)
 {

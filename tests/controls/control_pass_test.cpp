@@ -1,7 +1,7 @@
 // Which keyword does what in the pass that collects the run settings.
 #include "support/control_lines.h"
 
-using ControlPass = Controls;
+using ControlPass = FreshRun;
 
 TEST_F(ControlPass, KeywordsThatAreConvertedAreLoggedAsRecognized)
 {

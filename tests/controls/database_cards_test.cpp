@@ -1,7 +1,7 @@
 // The *DATABASE keywords of the control pass: what they store, log and announce.
 #include "support/control_lines.h"
 
-using HistoryInterval = Controls;
+using HistoryInterval = FreshRun;
 
 TEST_F(HistoryInterval, IsStoredAndTheRestLogged)
 {
@@ -33,7 +33,7 @@ TEST_F(HistoryInterval, TheLaterOfTwoBlocksWins)
     EXPECT_EQ(run_settings.hist_dt, 0.0f);
 }
 
-using Dump = Controls;
+using Dump = FreshRun;
 
 TEST_F(Dump, CarriesTheCycleCountAsANegativeNumber)
 {
@@ -68,7 +68,7 @@ TEST_F(Dump, ACountBeyond32BitsIsTheSmallestIntegerAlsoWhenNegated)
     }
 }
 
-using RunningRestart = Controls;
+using RunningRestart = FreshRun;
 
 TEST_F(RunningRestart, StoresCyclesAndCount)
 {
@@ -84,7 +84,7 @@ TEST_F(RunningRestart, StoresCyclesAndCount)
     EXPECT_EQ(written.terminal, "");
 }
 
-using Plot = Controls;
+using Plot = FreshRun;
 
 TEST_F(Plot, AnIntervalWithoutACurve)
 {

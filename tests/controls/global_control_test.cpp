@@ -1,7 +1,7 @@
 // "Global Contact, Hourglass, & Viscosity Control": the lines of each kind of deck, and the values of the keyword deck.
 #include "support/control_lines.h"
 
-using GlobalControl = Controls;
+using GlobalControl = FreshRun;
 
 namespace
 {

@@ -1,7 +1,7 @@
 // *DATABASE_HISTORY keywords in the main deck.
 #include "support/control_lines.h"
 
-using History = Controls;
+using History = FreshRun;
 
 namespace
 {

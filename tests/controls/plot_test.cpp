@@ -3,7 +3,7 @@
 
 #include "support/control_lines.h"
 
-using PlotOptions = Controls;
+using PlotOptions = FreshRun;
 
 namespace
 {

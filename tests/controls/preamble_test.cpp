@@ -6,7 +6,7 @@
 
 namespace
 {
-class Header : public Controls
+class Header : public FreshRun
 {
 protected:
     Header() { unsetenv("SOURCE_DATE_EPOCH"); }
@@ -34,7 +34,7 @@ protected:
         EXPECT_TRUE(written == before || written == line_of_today()) << written;
     }
 };
-using ProblemTitle = Controls;
+using ProblemTitle = FreshRun;
 }  // namespace
 
 TEST_F(Header, OnAGivenDay)

@@ -1,8 +1,8 @@
 // "Restart Control Section" and "Partition Section".
 #include "support/control_lines.h"
 
-using Restart = Controls;
-using Partition = Controls;
+using Restart = FreshRun;
+using Partition = FreshRun;
 
 TEST_F(Restart, SevenInactiveSettingsInEveryDeck)
 {

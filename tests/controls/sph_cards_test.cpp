@@ -1,7 +1,7 @@
 // *CONTROL_SPH, and the search for parts that are made of particles.
 #include "support/control_lines.h"
 
-using ControlSph = Controls;
+using ControlSph = FreshRun;
 
 TEST_F(ControlSph, StoresItsFiveValuesAndLogsTheRest)
 {
@@ -39,7 +39,7 @@ TEST_F(ControlSph, ItsPassReadsNothingElse)
 
 namespace
 {
-class SphPart : public Controls
+class SphPart : public FreshRun
 {
 protected:
     SphPart() { run_settings.sph_memory = 150; }

@@ -1,7 +1,7 @@
 // "SPH Control Section": the lines of each kind of deck, and the values of the keyword deck.
 #include "support/control_lines.h"
 
-using Sph = Controls;
+using Sph = FreshRun;
 
 namespace
 {

@@ -1,7 +1,7 @@
 // "Status File Control Section".
 #include "support/control_lines.h"
 
-using StatusFile = Controls;
+using StatusFile = FreshRun;
 
 TEST_F(StatusFile, SwitchesStandInTheirOrder)
 {

@@ -1,7 +1,7 @@
 // "Timing and Data Control Section": the lines of each kind of deck, and the values that the keyword deck decides.
 #include "support/control_lines.h"
 
-using Timing = Controls;
+using Timing = FreshRun;
 
 namespace
 {

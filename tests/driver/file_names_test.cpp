@@ -5,16 +5,11 @@
 
 #include <string>
 
-#include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
 namespace
 {
-class Names : public testing::Test
-{
-protected:
-    Names() { reset_run(); }
-};
+using Names = FreshRun;
 }  // namespace
 
 TEST_F(Names, ExtensionOfOneToThreeCharactersIsCutBehindItsDot)

@@ -4,16 +4,11 @@
 #include <string>
 
 #include "driver/driver.h"
-#include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
 namespace
 {
-class UnhandledReport : public testing::Test
-{
-protected:
-    UnhandledReport() { reset_run(); }
-};
+using UnhandledReport = FreshRun;
 
 std::string log_of(const std::string& keyword_line)
 {

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "loading/loading.h"
+#include "support/cards.h"
 #include "support/fresh_run.h"
 
 namespace

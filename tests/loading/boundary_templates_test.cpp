@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "loading/loading.h"
+#include "support/cards.h"
 #include "support/fresh_run.h"
 
 namespace

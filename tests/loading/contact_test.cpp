@@ -4,6 +4,7 @@
 
 #include "loading/loading.h"
 #include "reader/pass.h"
+#include "support/cards.h"
 #include "support/fresh_run.h"
 
 namespace

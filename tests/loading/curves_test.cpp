@@ -1,6 +1,7 @@
 #include <string>
 
 #include "loading/loading.h"
+#include "support/cards.h"
 #include "support/fresh_run.h"
 
 namespace
@@ -28,6 +29,7 @@ std::string point(const std::string& abscissa, const std::string& ordinate)
 }
 
 using Curves = FreshRun;
+using Transformations = FreshRun;
 
 // The point lines of a curve whose card 1 has these scale factors and offsets.
 std::string points_of(const std::string& sfa, const std::string& sfo, const std::string& offa, const std::string& offo,
@@ -194,9 +196,8 @@ TEST_F(Curves, PlotCurveFollowsTheCurvesOfTheDeckAsNumber1)
                             "           1.000e+00           2.000e+00\n" + plot_curve);
 }
 
-TEST(Transformations, TemplateIsFixed)
+TEST_F(Transformations, TemplateIsFixed)
 {
-    reset_run();
     const Written out = convert(transformations, "*DEFINE_TRANSFORMATION\n         1\n*END\n");
     EXPECT_EQ(out.deck, "!------------------------------------------------\n"
                         "! Transformation Definitions\n"

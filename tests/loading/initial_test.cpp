@@ -1,4 +1,5 @@
 #include "loading/loading.h"
+#include "support/cards.h"
 #include "support/fresh_run.h"
 
 namespace

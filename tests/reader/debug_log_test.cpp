@@ -7,15 +7,13 @@
 
 #include "reader/deck_lines.h"
 #include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
 namespace
 {
-class DebugLog : public testing::Test
+class DebugLog : public FreshRun
 {
 protected:
-    void SetUp() override { reset_run(); }
-
     template <class Procedure>
     static std::string log_of(Procedure procedure)
     {

@@ -10,7 +10,7 @@
 
 #include "reader/keyword.h"
 #include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 #include "support/keyword_lines.h"
 #include "support/random.h"
 
@@ -18,12 +18,9 @@ namespace
 {
 constexpr std::array<std::size_t, 4> windows = {128, 129, 200, 4096};
 
-class KeywordCopy : public testing::Test
+class KeywordCopy : public FreshRun
 {
 protected:
-    void SetUp() override { reset_run(); }
-    void TearDown() override { reset_run(); }
-
     static std::string copy_of(const std::string& deck, std::size_t window = InputStream::smallest_window)
     {
         infile_geom.open_text(deck, window);

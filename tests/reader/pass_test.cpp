@@ -9,7 +9,7 @@
 #include "reader/card.h"
 #include "reader/keyword.h"
 #include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
 namespace
 {
@@ -34,12 +34,11 @@ void switch_on()
     switched = 1;
 }
 
-class Passes : public testing::Test
+class Passes : public FreshRun
 {
 protected:
     void SetUp() override
     {
-        reset_run();
         trace.clear();
         switched = 0;
     }

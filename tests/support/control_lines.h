@@ -5,31 +5,12 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "controls/controls.h"
-#include "reader/run.h"
-#include "support/convert.h"
-
-// Begins each test as a run begins.
-class Controls : public testing::Test
-{
-protected:
-    Controls() { reset_run(); }
-};
-
-// The card whose fields, ten columns each, hold these words right-aligned.
-inline std::string card(std::initializer_list<std::string_view> fields)
-{
-    std::string line;
-    for (const std::string_view field : fields) {
-        line.append(10 - field.size(), ' ');
-        line.append(field);
-    }
-    return line + "\n";
-}
+#include "support/cards.h"
+#include "support/fresh_run.h"
 
 // Lines by a format and its values.
 [[gnu::format(printf, 1, 2)]] inline std::string line(const char* format, ...)

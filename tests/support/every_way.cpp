@@ -1,5 +1,7 @@
 #include "support/every_way.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstddef>
 #include <stdexcept>

@@ -2,8 +2,6 @@
 // several sizes, with and without the index of keyword lines.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string_view>
 
 #include "reader/run.h"
@@ -15,10 +13,3 @@ void bulk_sections();
 // What the section (set_section, geometry_section or bulk_sections) writes, the same in every way; a difference is a
 // failure of the test. Counts begin at 0 each time.
 Written convert_every_way(void (*section)(), std::string_view deck);
-
-class Bulk : public testing::Test
-{
-protected:
-    void SetUp() override { reset_run(); }
-    void TearDown() override { reset_run(); }
-};

@@ -1,27 +1,15 @@
-// What the tests of handlers share.
+// The fixture of all tests that run parts of the converter.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <string>
-#include <string_view>
-
 #include "reader/run.h"
 #include "support/convert.h"
 
-// Each test starts as a run does.
-struct FreshRun : testing::Test {
-    FreshRun() { reset_run(); }
-};
-
-// A card line of fields of ten columns, each right-aligned: all of its columns are there, also those of empty fields.
-inline std::string card(std::initializer_list<std::string_view> fields)
+// Each test starts as a run does, and leaves nothing behind.
+class FreshRun : public testing::Test
 {
-    std::string line;
-    for (const std::string_view field : fields) line.append(10 - field.size(), ' ').append(field);
-    return line + "\n";
-}
-
-// Cards 1 to 3 of a contact without anything in them.
-inline const std::string blank_contact_cards = "\n\n\n";
+protected:
+    FreshRun() { reset_run(); }
+    ~FreshRun() override { reset_run(); }
+};

@@ -3,19 +3,10 @@
 // The decks are numbered: field 3 of card 2 holds 23, so that a value in the output tells where it came from.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 #include "materials/materials.h"
-#include "reader/run.h"
-#include "support/convert.h"
-
-class FreshRun : public testing::Test
-{
-protected:
-    void SetUp() override { reset_run(); }
-};
+#include "support/fresh_run.h"
 
 inline const std::string material_header =
     "\n!--------------------------- MID       MTYP    Density   Title ------------------------\n";

@@ -1,20 +1,14 @@
 // Tests that read infile on a text that stands in the test.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <utility>
 
-#include "reader/run.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
-class OnText : public testing::Test
+class OnText : public FreshRun
 {
 protected:
-    void SetUp() override { reset_run(); }
-    void TearDown() override { reset_run(); }
-
     void read(std::string text, std::size_t window = 64)
     {
         text_ = std::move(text);
