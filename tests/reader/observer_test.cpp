@@ -9,7 +9,7 @@
 #include "loading/loading.h"
 #include "materials/materials.h"
 #include "reader/pass.h"
-#include "support/convert.h"
+#include "support/fresh_run.h"
 
 namespace
 {
@@ -39,14 +39,10 @@ public:
     }
 };
 
-class Watching : public testing::Test
+class Watching : public FreshRun
 {
 protected:
-    Watching()
-    {
-        reset_run();
-        observer = &record;
-    }
+    Watching() { observer = &record; }
     ~Watching() override { observer = nullptr; }
 
     Record record;
