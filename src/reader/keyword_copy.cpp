@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "reader/observer.h"
 #include "reader/run.h"
 
 namespace
@@ -37,9 +38,10 @@ const Filter* filter_for(std::string_view piece)
     return found == std::end(filters) ? nullptr : found;
 }
 
-// Appends to the copy, and to its index when a keyword line begins here.
-void copy(std::string_view piece, bool& line_begins)
+// Appends to the copy what stands in the deck from `begin` on, and to its index when a keyword line begins here.
+void copy(std::string_view piece, Position begin, bool& line_begins)
 {
+    if (observer != nullptr) observer->copies(begin, keyword_of.position());
     if (line_begins && piece.front() == '*') copy_index.add(keyword_of.position());
     text(keyword_of, piece);
     line_begins = piece.back() == '\n';
@@ -71,7 +73,7 @@ void keyword_writer()
         if (deck_line_begins && infile_geom.whole_line(line) && plain(line) &&
             begin + line.size() < infile_geom.size()) {
             infile_geom.advance(line.size() + 1);
-            copy({line.data(), line.size() + 1}, copy_line_begins);
+            copy({line.data(), line.size() + 1}, begin, copy_line_begins);
             continue;
         }
 
@@ -89,6 +91,6 @@ void keyword_writer()
             if (infile_geom.position() != behind) deck_line_begins = true;
             if (filter->whole_block) continue;
         }
-        if (length > 0) copy({piece, length}, copy_line_begins);
+        if (length > 0) copy({piece, length}, begin, copy_line_begins);
     }
 }

@@ -29,6 +29,13 @@ public:
     Observer(const Observer&) = delete;
     Observer& operator=(const Observer&) = delete;
 
+    // The keyword copy goes on at `copy` with the deck's characters from `deck` on. Told in the copy's order.
+    virtual void copies(Position deck, Position copy)
+    {
+        static_cast<void>(deck);
+        static_cast<void>(copy);
+    }
+
     // infile has been opened: on the deck, or on the keyword copy.
     virtual void reads_deck(bool deck) = 0;
 
