@@ -77,13 +77,13 @@ Totals totals(const Result& result)
     Totals sums;
     for (const Finding& found : result.findings) switch (found.severity) {
         case Severity::error:
-            ++sums.errors;
+            sums.errors += 1 + found.others;
             break;
         case Severity::warning:
-            ++sums.warnings;
+            sums.warnings += 1 + found.others;
             break;
         case Severity::note:
-            ++sums.notes;
+            sums.notes += 1 + found.others;
             break;
         }
     return sums;

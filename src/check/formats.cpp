@@ -156,7 +156,7 @@ void write_text(std::ostream& stream, const Result& result, const TextOptions& o
     using Key = std::pair<std::size_t, std::string_view>;  // block and code
     std::map<Key, std::size_t> further;
     if (!options.all)
-        for (const Finding& found : result.findings) ++further[{found.block, found.code}];
+        for (const Finding& found : result.findings) further[{found.block, found.code}] += 1 + found.others;
     for (const Finding& found : result.findings) {
         std::size_t others = 0;
         if (!options.all) {

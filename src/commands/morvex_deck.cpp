@@ -32,6 +32,7 @@ int morvex_deck(int argc, char* argv[])
     program.set_version_flag("--version", version());
     program.require_subcommand(1);
     int status = clean;
+    add_check(program, status);
     add_explain(program, status);
     for (CLI::App* const command : program.get_subcommands({})) command->set_version_flag("--version", version());
     try {

@@ -1,0 +1,28 @@
+// Where findings are collected.
+#pragma once
+
+#include <cstddef>
+#include <unordered_map>
+
+#include "check/finding.h"
+
+namespace check
+{
+
+// Keeps every finding, or the first of each code and block with the number of the others.
+class Collector
+{
+public:
+    Collector(std::vector<Finding>& to, bool all) : to_(&to), all_(all) {}
+
+    void add(Finding found);
+
+    [[nodiscard]] bool keeps_all() const { return all_; }
+
+private:
+    std::vector<Finding>* to_;
+    bool all_;
+    std::unordered_map<std::string, std::size_t> kept_;  // by block and code: the place of the one that is kept
+};
+
+}  // namespace check
