@@ -70,8 +70,8 @@ TEST_P(Corpus, FindingsAreThoseWrittenBesideTheDeck)
     const nlohmann::json expected = nlohmann::json::parse(file);
     check::Options options;
     options.all = true;
-    for (const auto& [name, value] : expected.value("settings", nlohmann::json::object()).items())
-        options.settings.emplace_back(name, value);
+    const nlohmann::json settings = expected.value("settings", nlohmann::json::object());
+    for (const auto& [name, value] : settings.items()) options.settings.emplace_back(name, value);
     EXPECT_EQ(findings_of(check::check_deck(folder / "deck.k", options)), expected_findings(expected));
 }
 
