@@ -81,7 +81,8 @@ enum class Occurs : std::uint8_t {
     to_the_end,  // again and again to the block's end
 };
 
-struct CardLayout {
+// Its fields stand in the order in which the table gives them.
+struct CardLayout {         // NOLINT(clang-analyzer-optin.performance.Padding)
     std::string_view name;  // "1", "2", "a", "id", "title", "members"
     std::span<const Field> fields;
     Occurs occurs = Occurs::always;
