@@ -10,3 +10,10 @@ void Fields::tell(std::size_t begin, std::size_t width) const
                      .number = true,
                      .value = is_empty() ? 0.0 : field_value(characters)});
 }
+
+void LastFields::tell(std::string_view columns) const
+{
+    Fields fields(columns);
+    fields.skip(begin_);
+    for (int i = 0; i < 4; ++i) fields.take(width_);
+}

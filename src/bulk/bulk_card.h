@@ -36,6 +36,9 @@ class Fields
 public:
     Fields(std::string_view columns, bool watched = observer != nullptr) : columns_(columns), watched_(watched) {}
 
+    // Passes over columns.
+    void skip(std::size_t columns) { at_ += columns; }
+
     // The next field's characters; empty when the field is empty.
     std::string_view take(std::size_t width)
     {
@@ -120,21 +123,25 @@ private:
     char* to_;
 };
 
-// The columns of a block's latest card from `begin` on: the fields that are read only to be logged once the block has
-// ended. Before the first card they are empty.
-class LastColumns
+// The last four fields of a block's latest card, from column `begin` on: they are read only to be logged once the block
+// has ended. Before the first card they are empty.
+class LastFields
 {
 public:
-    explicit LastColumns(std::size_t begin) : begin_(begin) {}
+    LastFields(std::size_t begin, std::size_t width) : begin_(begin), width_(width) {}
 
     void keep(std::string_view columns)
     {
         length_ = columns.size() > begin_ ? columns.substr(begin_).copy(columns_, sizeof columns_) : 0;
+        if (observer != nullptr) tell(columns);
     }
     [[nodiscard]] Fields fields() const { return {{columns_, length_}, false}; }
 
 private:
+    void tell(std::string_view columns) const;  // the observer
+
     std::size_t begin_;
+    std::size_t width_;
     std::size_t length_ = 0;
     char columns_[40]{};
 };

@@ -195,7 +195,7 @@ void setsegment()
     const Attributes attributes = read_attributes(card);
     print(setfile, "\n Segment set definition :%5i%10s %-80s\n", sid, " ", title.text);
     if (cardflag == 1) print(inpfile, "!%7i%8s   %40s|\n", sid, "segment", title.text);
-    LastColumns last(first_attribute_column);
+    LastFields last(first_attribute_column, 10);
     while (card.next()) {
         const std::string_view columns = card.columns(80);
         convert_segment(columns);

@@ -58,7 +58,7 @@ void log_later_nodes(Fields card)
 void eshell()
 {
     if (counts.shells == 0) write_heading();
-    LastColumns last(first_later_column);
+    LastFields last(first_later_column, 8);
     for (Card card; card.next(); ++counts.shells) {
         const std::string_view columns = card.columns(80);
         convert<std::int64_t>(columns);
@@ -72,7 +72,7 @@ void eshell()
 void eshellt()
 {
     if (counts.shells == 0) write_heading();
-    LastColumns last(first_later_column);
+    LastFields last(first_later_column, 8);
     for (Card card; card.next(); ++counts.shells) {
         const std::string_view columns = card.columns(80);
         convert<int>(columns);

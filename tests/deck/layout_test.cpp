@@ -186,12 +186,6 @@ struct Example {
     std::vector<FieldSeen> expected;
 };
 
-// Bulk cards are taken whole: their fields are not told one by one.
-bool is_taken_whole(std::string_view name, const deck::CardLayout& card)
-{
-    return deck::is_bulk(name) || (name.starts_with("*SET") && card.name == "members");
-}
-
 // A block of the keyword with one group of cards, each field holding `value`, and the fields that the layout says are
 // read.
 Example example_of(std::string_view name, const std::string& value)
@@ -210,7 +204,7 @@ Example example_of(std::string_view name, const std::string& value)
             const std::size_t width = field.width;
             example.deck += std::string(width - value.size(), ' ') + value;
             walk.set_value(i, deck::standard_number(value).value);
-            const bool is_card = place.index != deck::CardPlace::no_index && !is_taken_whole(name, *place.card);
+            const bool is_card = place.index != deck::CardPlace::no_index;
             if (is_card && place.read && field.converted && field.kind != deck::Kind::text)
                 example.expected.push_back({line, column, static_cast<int>(width), field.kind != deck::Kind::word});
             column += width;
