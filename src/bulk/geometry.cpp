@@ -13,12 +13,12 @@ constexpr PassRow node_rows[] = {
 static_assert(every_row_reachable(node_rows));
 
 constexpr PassRow shell_rows[] = {
-    {"*ELEMENT_SHELL_BETA", handler<eshellt>, "Shell Element Definition"},
+    {"*ELEMENT_SHELL_BETA", handler<eshellt>, "Shell Element Definition", "four nodes"},
     {"*ELEMENT_SHELL_DOF", skipped},
     {"*ELEMENT_SHELL_MCID", skipped},
     {"*ELEMENT_SHELL_OFFSET", skipped},
-    {"*ELEMENT_SHELL_THICKNESS", handler<eshellt>, "Shell Element Definition"},
-    {"*ELEMENT_SHELL", handler<eshell>, "Shell Element Definition"},
+    {"*ELEMENT_SHELL_THICKNESS", handler<eshellt>, "Shell Element Definition", "four nodes"},
+    {"*ELEMENT_SHELL", handler<eshell>, "Shell Element Definition", "four nodes"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(shell_rows));
@@ -27,7 +27,7 @@ constexpr PassRow solid_rows[] = {
     {"*ELEMENT_SOLID_ORTHO", skipped},
     {"*ELEMENT_SOLID_DOF", skipped},
     {"*ELEMENT_SOLID_TET", skipped},
-    {"*ELEMENT_SOLID", handler<esolid>, "Solid Element Definition"},
+    {"*ELEMENT_SOLID", handler<esolid>, "Solid Element Definition", "on one line, eight nodes"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(solid_rows));

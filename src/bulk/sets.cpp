@@ -19,22 +19,26 @@ constexpr PassRow set_rows[] = {
     {"*SET_NODE_COLUMN", skipped},
     {"*SET_NODE_GENERAL", skipped},
     {"*SET_NODE_LIST_GENERATE", skipped},
-    {"*SET_NODE", handler<setcard, SetType::node>, "Node set definition"},  // and *SET_NODE_LIST
+    {"*SET_NODE", handler<setcard, SetType::node>, "Node set definition",
+     "members, title, no attributes"},  // and *SET_NODE_LIST
     {"*SET_PART_ADD", skipped},
     {"*SET_PART_COLUMN", skipped},
     {"*SET_PART_LIST_GENERATE", skipped},
-    {"*SET_PART", handler<setcard, SetType::part>, "Part set definition"},  // and *SET_PART_LIST
+    {"*SET_PART", handler<setcard, SetType::part>, "Part set definition",
+     "members, title, no attributes"},  // and *SET_PART_LIST
     {"*SET_SEGMENT_GENERAL", skipped},
-    {"*SET_SEGMENT", handler<setsegment>, "Segment set definition"},
+    {"*SET_SEGMENT", handler<setsegment>, "Segment set definition", "nodes, title, no attributes"},
     {"*SET_SHELL_ADD", skipped},
     {"*SET_SHELL_COLUMN", skipped},
     {"*SET_SHELL_GENERAL", skipped},
-    {{"*SET_SHELL_LIST_GENERATE", 19}, skipped},                                 // sic: compares "*SET_SHELL_LIST_GEN"
-    {"*SET_SHELL", handler<setcard, SetType::shell>, "Element set definition"},  // and *SET_SHELL_LIST
+    {{"*SET_SHELL_LIST_GENERATE", 19}, skipped},  // sic: compares "*SET_SHELL_LIST_GEN"
+    {"*SET_SHELL", handler<setcard, SetType::shell>, "Element set definition",
+     "members, title, no attributes"},  // and *SET_SHELL_LIST
     {"*SET_SOLID_ADD", skipped},
     {"*SET_SOLID_GENERAL", skipped},
     {"*SET_SOLID_GENERATE", skipped},
-    {"*SET_SOLID", handler<setcard, SetType::solid>, "Element set definition"},  // and *SET_SOLID_LIST
+    {"*SET_SOLID", handler<setcard, SetType::solid>, "Element set definition",
+     "members, title, no attributes"},  // and *SET_SOLID_LIST
     {"*SET", skipped},
     {"*END", end_of_pass},
 };

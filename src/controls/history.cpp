@@ -54,9 +54,9 @@ constexpr PassRow history_rows[] = {
     {"*DATABASE_HISTORY_NODE_SET", handler<histset, Kind::node>, "Node history set"},
     {"*DATABASE_HISTORY_SOLID_SET", handler<histset, Kind::element>, "Element history set"},
     {"*DATABASE_HISTORY_SHELL_SET", handler<histset, Kind::element>, "Element history set"},
-    {"*DATABASE_HISTORY_NODE", handler<histid, Kind::node>, "Node history", without_option},
-    {"*DATABASE_HISTORY_SOLID", handler<histid, Kind::element>, "Element history", without_option},
-    {"*DATABASE_HISTORY_SHELL", handler<histid, Kind::element>, "Element history", without_option},
+    {"*DATABASE_HISTORY_NODE", handler<histid, Kind::node>, "Node history", "", without_option},
+    {"*DATABASE_HISTORY_SOLID", handler<histid, Kind::element>, "Element history", "", without_option},
+    {"*DATABASE_HISTORY_SHELL", handler<histid, Kind::element>, "Element history", "", without_option},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(history_rows));

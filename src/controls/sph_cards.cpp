@@ -38,7 +38,7 @@ bool is_particle_section(const char* secid)
 }
 
 constexpr PassRow sph_rows[] = {
-    {"*CONTROL_SPH", handler<csph>, "values of the deactivation lines"},
+    {"*CONTROL_SPH", handler<csph>, "values of the deactivation lines", "`BOXID`, `DT`, `NMNEIGH`, `START`, `MAXV`"},
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(sph_rows));

@@ -51,34 +51,39 @@ void log_contact(const ContactCards& cards, bool titled)
 constexpr std::string_view contact_lines =
     "Contact set pair, as a comment; the first one also the global contact options";
 
+constexpr std::string_view contact_limits = "the options of the first for all; each pair as a comment to be filled in";
+constexpr std::string_view tied_limits = "tied nodes with `_ID` alone, where `FS` and `FD` get new meanings";
+
 constexpr Condition as_contacts{"with `contflag` 1", [] { return contflag == 1; }};
 constexpr Condition as_tied_nodes{"with `contflag` 2", [] { return contflag == 2; }};
 
 // The two automatic contacts that can become tied nodes; sic: other values of the flag silence them, and them alone.
 constexpr PassRow contact_rows[] = {
     {"*CONTACT_AUTOMATIC_GENERAL_INTERIOR", skipped},
-    {"*CONTACT_AUTOMATIC_GENERAL", handler<contact>, contact_lines},
-    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<contact>, contact_lines, as_contacts},
-    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", as_tied_nodes},
+    {"*CONTACT_AUTOMATIC_GENERAL", handler<contact>, contact_lines, contact_limits},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<contact>, contact_lines, contact_limits, as_contacts},
+    {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", tied_limits,
+     as_tied_nodes},
     {"*CONTACT_AUTOMATIC_NODES_TO_SURFACE", passed_over},
     {{"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE_TIEBREAK", longest_prefix}, skipped},
-    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
-    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_AUTOMATIC_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
+    {"*CONTACT_AUTOMATIC_SINGLE_SURFACE", handler<contact>, contact_lines, contact_limits},
     {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE_TIEBREAK", skipped},
-    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<contact>, contact_lines, as_contacts},
-    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", as_tied_nodes},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<contact>, contact_lines, contact_limits, as_contacts},
+    {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", handler<surfcon2tnodes>, "Tied node definition", tied_limits,
+     as_tied_nodes},
     {"*CONTACT_AUTOMATIC_SURFACE_TO_SURFACE", passed_over},
-    {"*CONTACT_ERODING_NODES_TO_SURFACE", handler<contact>, contact_lines},
-    {"*CONTACT_ERODING_SINGLE_SURFACE", handler<contact>, contact_lines},
-    {"*CONTACT_ERODING_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_ERODING_NODES_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
+    {"*CONTACT_ERODING_SINGLE_SURFACE", handler<contact>, contact_lines, contact_limits},
+    {"*CONTACT_ERODING_SURFACE_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
     {"*CONTACT_NODES_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_NODES_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_NODES_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
     {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
-    {"*CONTACT_SINGLE_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_ONE_WAY_SURFACE_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
+    {"*CONTACT_SINGLE_SURFACE", handler<contact>, contact_lines, contact_limits},
     {"*CONTACT_SURFACE_TO_SURFACE_CONTRACTION_JOINT", skipped},
     {"*CONTACT_SURFACE_TO_SURFACE_INTERFERENCE", skipped},
-    {"*CONTACT_SURFACE_TO_SURFACE", handler<contact>, contact_lines},
+    {"*CONTACT_SURFACE_TO_SURFACE", handler<contact>, contact_lines, contact_limits},
     {"*CONTACT", skipped},
     {"*END", end_of_pass},
 };

@@ -30,7 +30,7 @@ constexpr PassRow curve_rows[] = {
     {"*DEFINE_CURVE_FUNCTION", skipped},
     {"*DEFINE_CURVE_SMOOTH", skipped},
     {"*DEFINE_CURVE_TRIM", skipped},
-    {"*DEFINE_CURVE", handler<definecurve>, "Load curve definition"},  // and _TITLE
+    {"*DEFINE_CURVE", handler<definecurve>, "Load curve definition", "without `SIDR` and `DATTYP`"},  // and _TITLE
     {"*END", end_of_pass},
 };
 static_assert(every_row_reachable(curve_rows));

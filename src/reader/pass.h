@@ -43,12 +43,14 @@ struct Condition {
     bool (*holds)() = nullptr;  // null: it always holds
 };
 
-// One row of a table. The length of `prefix` is the comparison length. `writes` tells people which lines the handler
-// writes.
+// One row of a table. The length of `prefix` is the comparison length. The rest is for people: `writes`, which lines
+// the handler writes; `limits`, what of the keyword is not converted, or which of many keywords a row for all others
+// skips.
 struct PassRow {
     std::string_view prefix;
     Action action;
     std::string_view writes = {};
+    std::string_view limits = {};
     Condition only_if = {};
 };
 

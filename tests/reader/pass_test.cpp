@@ -78,7 +78,7 @@ TEST_F(Passes, KeywordShorterThanARowDoesNotMatchIt)
 TEST_F(Passes, RowWhoseConditionFailsIsNotThere)
 {
     static constexpr PassRow rows[] = {{"*SWITCH", handler<switch_on>},
-                                       {"*NODE", handler<note_a>, "", when_switched},
+                                       {"*NODE", handler<note_a>, "", "", when_switched},
                                        {"*NODE", handler<note_b>},
                                        {"*END", end_of_pass}};
     static_assert(every_row_reachable(rows));
@@ -96,7 +96,7 @@ TEST_F(Passes, EndRowStopsAtOnceAndWhatFollowsIsNotRead)
 
 TEST_F(Passes, AnyRowMayEndThePass)
 {
-    static constexpr PassRow rows[] = {{"*STOP", end_of_pass, "", when_switched},
+    static constexpr PassRow rows[] = {{"*STOP", end_of_pass, "", "", when_switched},
                                        {"*SWITCH", handler<switch_on>},
                                        {"*NODE", handler<note_a>},
                                        {"*END", end_of_pass}};
@@ -174,7 +174,7 @@ TEST_F(Passes, NestedPassRestoresThePositionForTheOuterOne)
 TEST_F(Passes, FirstMatchLooksPastConditions)
 {
     static constexpr PassRow rows[] = {
-        {"*NODE_RIGID", skipped}, {"*NODE", handler<note_a>, "", when_switched}, {"*NODE", handler<note_b>}};
+        {"*NODE_RIGID", skipped}, {"*NODE", handler<note_a>, "", "", when_switched}, {"*NODE", handler<note_b>}};
     const Pass pass{"test", rows};
     EXPECT_EQ(first_match(pass, "*NODE_RIGID_SURFACE"), &rows[0]);
     EXPECT_EQ(first_match(pass, "*NODE_X"), &rows[1]);
@@ -205,9 +205,9 @@ namespace
 constexpr PassRow specific_first[] = {{"*NODE_RIGID", skipped}, {"*NODE", handler<note_a>}, {"*END", end_of_pass}};
 constexpr PassRow prefix_first[] = {{"*NODE", handler<note_a>}, {"*NODE_RIGID", skipped}, {"*END", end_of_pass}};
 constexpr PassRow twice[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}, {"*NODE", handler<note_b>}};
-constexpr PassRow conditional_prefix_first[] = {{"*NODE", handler<note_a>, "", when_switched},
+constexpr PassRow conditional_prefix_first[] = {{"*NODE", handler<note_a>, "", "", when_switched},
                                                 {"*NODE_RIGID", skipped}};
-constexpr PassRow hidden_condition[] = {{"*NODE", handler<note_a>}, {"*NODE_RIGID", skipped, "", when_switched}};
+constexpr PassRow hidden_condition[] = {{"*NODE", handler<note_a>}, {"*NODE_RIGID", skipped, "", "", when_switched}};
 constexpr PassRow cut_row_hides[] = {{{"*SET_SHELL_LIST_GENERATE", 19}, skipped},
                                      {"*SET_SHELL_LIST_GENERAL", handler<note_a>}};
 constexpr PassRow all_last[] = {{"*NODE", handler<note_a>}, {"", skipped}};
