@@ -30,8 +30,8 @@ constexpr char help[] =
     "morvex runs in the current folder and takes its settings from the control file input.morvex there;\n"
     "when there is none, it writes one with default settings to be edited, and ends with status 1.\n"
     "\n"
-    "  --help     show this text and exit\n"
-    "  --version  show the version and exit\n"
+    "  -h, --help     show this text and exit\n"
+    "  -V, --version  show the version and exit\n"
     "\n"
     "Exit status: 0 converted (or nothing to do), 1 default control file written, 2 a file could not be\n"
     "read or written.\n";
@@ -267,8 +267,9 @@ int morvex(int argc, char* argv[])
     take_signals_as_errors();
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        if (argument == "--help" || argument == "--version") {
-            if (argument == "--help")
+        const bool asks_for_help = argument == "-h" || argument == "--help";
+        if (asks_for_help || argument == "-V" || argument == "--version") {
+            if (asks_for_help)
                 std::fputs(help, stdout);
             else
                 std::printf("morvex %5.3f\n", morvex_version);

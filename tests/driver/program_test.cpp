@@ -716,22 +716,26 @@ TEST_F(ParticleCount, OverwritesWhatFollowsWhenAStandardsFileTookItsLine)
 
 TEST_F(Arguments, HelpIsShownAndNothingIsTouched)
 {
-    const Outcome outcome = run_command(program() + " --help");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
-    EXPECT_TRUE(outcome.out.starts_with("Usage: morvex\n"));
-    EXPECT_TRUE(contains(outcome.out, "input.morvex"));
-    EXPECT_TRUE(contains(outcome.out, "--version"));
-    EXPECT_EQ(files(), "");
+    for (const char* argument : {" --help", " -h"}) {
+        const Outcome outcome = run_command(program() + argument);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_TRUE(outcome.out.starts_with("Usage: morvex\n"));
+        EXPECT_TRUE(contains(outcome.out, "input.morvex"));
+        EXPECT_TRUE(contains(outcome.out, "--version"));
+        EXPECT_EQ(files(), "");
+    }
 }
 
 TEST_F(Arguments, VersionIsShownAndNothingIsTouched)
 {
-    const Outcome outcome = run_command(program() + " --version");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.out, "morvex 2.601\n");
-    EXPECT_EQ(files(), "");
+    for (const char* argument : {" --version", " -V"}) {
+        const Outcome outcome = run_command(program() + argument);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.out, "morvex 2.601\n");
+        EXPECT_EQ(files(), "");
+    }
 }
 
 TEST_F(Arguments, AnyOtherGetsANoteAndTheRunGoesOn)
@@ -740,7 +744,7 @@ TEST_F(Arguments, AnyOtherGetsANoteAndTheRunGoesOn)
     write_file("input.morvex", settings("model.k", {{"cardflag", 1}}));
     const Outcome plain = run_command(program());
     const auto written = outputs("model.");
-    for (const char* arguments : {"model.k", "-h", "--defflag=1 other.k", "''"}) {
+    for (const char* arguments : {"model.k", "-v", "--defflag=1 other.k", "''"}) {
         std::filesystem::remove("model.card");
         const Outcome outcome = run_command(program() + " " + arguments);
         EXPECT_EQ(outcome.status, 0) << arguments;

@@ -22,8 +22,8 @@ for setting in $settings; do
     default=$(sed -n "s/^ $setting *: *\([^ ]*\).*/\1/p" "$work/input.morvex")
     grep -q "^ *$setting ($default)" <<<"$text" || fail "$setting with its default $default is not in the page"
 done
-for option in $("$program" --help | grep -o -- '^  --[a-z]*'); do
-    grep -q -- "^ *$option" <<<"$text" || fail "$option is not in the page"
+for option in $("$program" --help | grep -o -- '--[a-z]*'); do
+    grep -q -- "^ *-[a-zA-Z], $option" <<<"$text" || fail "$option is not in the page"
 done
 for section in NAME SYNOPSIS DESCRIPTION "CONTROL FILE" ENVIRONMENT FILES "EXIT STATUS" EXAMPLES; do
     grep -q "^$section" <<<"$text" || fail "the page has no section $section"
