@@ -371,6 +371,15 @@ class Papers(unittest.TestCase):
         self.assertEqual((done.returncode, done.stdout),
                          (0, "debug.morvex in this folder is not of other.k: only the deck was searched.\n"))
 
+    def test_look_searches_a_deck_alone_when_the_question_was_not_answered_with_yes(self):
+        self.convert("*CONTROL_ENERGY\n*END\n")
+        self.assertIn("Skipped keywords (1)", self.look())
+        self.assertTrue(self.run_commands("morvex").stdout.endswith("exiting\n"))
+        self.assertEqual(self.read("debug.morvex"), "Opening model.k file\n")
+        done = self.run_commands("morvex-look model.k")
+        self.assertEqual((done.returncode, done.stdout),
+                         (0, "The last run did not convert model.k: only the deck was searched.\n"))
+
     # ---- what the guide says of the program --------------------------------------------------------------------------
 
     def test_exponents_without_e_are_lost(self):
