@@ -6,11 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "driver/output_file.h"
 #include "reader/output_stream.h"
 
 namespace
@@ -181,13 +180,12 @@ ControlFileRead readinputs(const char* name)
 
 std::string writeinputs(const char* name, const ControlFile& control)
 {
+    OutputFile output;
+    if (!output.create(name)) return output.failure();
     OutputStream file;
-    if (!file.open(name)) return file.failure();
+    file.open(output.file());
     text(file, control_file_text(control));
     file.close();
-    if (!file.failure().empty()) {
-        std::error_code ignored;  // what a link leads to is removed, and the link stays
-        std::filesystem::remove(std::filesystem::canonical(name, ignored), ignored);
-    }
-    return file.failure();
+    if (!file.failure().empty()) return file.failure();
+    return output.put_in_place() ? std::string{} : output.failure();
 }

@@ -39,6 +39,6 @@ ControlFileRead read_settings(std::string_view text);
 // Reads the file, opening it once.
 ControlFileRead readinputs(const char* name);
 
-// Writes a control file for the user to edit, and returns why it could not be written, or nothing. A file that could
-// not be written whole is removed.
+// Writes a control file for the user to edit, and returns why it could not be written, or nothing. What was there
+// before stays unless all of it was written.
 std::string writeinputs(const char* name, const ControlFile& control = initial_settings());

@@ -1,22 +1,21 @@
 #include "driver/driver.h"
 
 #include <cerrno>
-#include <csignal>
-#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
-#include <vector>
 
 #include "driver/control_file.h"
 #include "driver/conversion.h"
+#include "driver/deck_file.h"
 #include "driver/faults.h"
 #include "driver/file_names.h"
+#include "driver/outputs.h"
 #include "driver/progress.h"
+#include "driver/system.h"
 #include "reader/run.h"
 
 namespace fs = std::filesystem;
@@ -36,28 +35,6 @@ constexpr char help[] =
     "Exit status: 0 converted (or nothing to do), 1 default control file written, 2 a file could not be\n"
     "read or written.\n";
 
-// ---- the process ---------------------------------------------------------------------------------------------------
-
-// A process may be started with its standard streams closed. The files of the run would then take their places, and
-// what is meant for the terminal would end up in them: so the places are filled first.
-void fill_standard_streams()
-{
-    static std::FILE* kept[3];  // open until the process ends
-    for (std::FILE*& stream : kept) stream = std::fopen("/dev/null", "r+");
-}
-
-// A reader of standard output that goes away, or a limit on the size of files, is a failed write, not the end of the
-// run.
-void take_signals_as_errors()
-{
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);
-#endif
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
 // ---- settings ------------------------------------------------------------------------------------------------------
 
 // The settings as the terminal shows them, once they are taken.
@@ -72,73 +49,6 @@ void print_settings(const ControlFile& control)
     std::printf("\n\n");
 }
 
-// ---- files ---------------------------------------------------------------------------------------------------------
-
-// The files that this run would create.
-std::vector<const char*> outputs()
-{
-    std::vector<const char*> names = {debug_file_name, keyword_copy_name};
-    if (accelflag == 1) names.push_back(accel_file_name);
-    if (cardflag == 1) names.push_back(file_names.card);
-    if (geomflag == 1) names.push_back(file_names.geom);
-    if (setflag == 1) names.push_back(file_names.sets);
-    return names;
-}
-
-// The file that a name stands for, which need not be there yet: links are followed.
-fs::path target(fs::path name)
-{
-    std::error_code failed;
-    for (int links = 0; links < 40 && fs::is_symlink(name, failed); ++links)
-        name = name.parent_path() / fs::read_symlink(name, failed);
-    const fs::path absolute = fs::absolute(name, failed);
-    const fs::path whole = fs::weakly_canonical(absolute, failed);
-    return failed ? absolute : whole;
-}
-
-// True when both names stand for one file. A device may take several outputs.
-bool same_file(const char* a, const char* b)
-{
-    std::error_code ignored;
-    if (fs::exists(a, ignored) || fs::exists(b, ignored))
-        return fs::is_regular_file(a, ignored) && fs::equivalent(a, b, ignored);
-    return target(a) == target(b);
-}
-
-// True when an output is the deck, the control file or another output, by its name or through a link: nothing is
-// written then.
-bool outputs_collide()
-{
-    std::error_code ignored;
-    const std::vector<const char*> names = outputs();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        for (const char* input : {static_cast<const char*>(file_names.deck), control_file_name})
-            if (fs::exists(input, ignored) && same_file(names[i], input))
-                report_fault(names[i], std::string("the run would write over its own input ") + input);
-        for (std::size_t j = 0; j < i; ++j)
-            if (same_file(names[i], names[j]))
-                report_fault(names[i], std::string("it is the same file as ") + names[j]);
-    }
-    return fault_status() != 0;
-}
-
-// Creates an output; when that fails the run goes on without it.
-void create(OutputStream& stream, const char* name, int* flag = nullptr)
-{
-    if (stream.open(name)) return;
-    report_fault(name, stream.failure());
-    if (flag != nullptr) *flag = 0;
-}
-
-// Closes an output; the flag of one that was not written whole is cleared.
-void finish(OutputStream& stream, const char* name, int& flag)
-{
-    stream.close();
-    if (stream.failure().empty()) return;
-    report_fault(name, stream.failure());
-    flag = 0;
-}
-
 // Asks before an existing main deck is overwritten.
 bool may_write_main_deck()
 {
@@ -151,27 +61,6 @@ bool may_write_main_deck()
     char answer[5] = "";
     if (std::scanf("%4s", answer) != 1) return false;
     return std::string_view(answer).starts_with("yes");  // sic: "yess" will do, "YES" will not
-}
-
-// What tells whether the deck is still the one that was opened: it is read more than once.
-using DeckState = std::pair<std::uintmax_t, fs::file_time_type>;
-
-DeckState deck_state()
-{
-    std::error_code ignored;
-    return {fs::file_size(file_names.deck, ignored), fs::last_write_time(file_names.deck, ignored)};
-}
-
-// ---- the end of the run --------------------------------------------------------------------------------------------
-
-void finish_files()
-{
-    finish(inpfile, file_names.card, cardflag);
-    finish(geomfile, file_names.geom, geomflag);
-    finish(setfile, file_names.sets, setflag);
-    finish(accelfile, accel_file_name, accelflag);
-    keyword_of.close();
-    finish(outfile, debug_file_name, debflag);
 }
 
 // Names what was written; a file that could not be written whole has lost its flag.
@@ -199,14 +88,57 @@ int write_default_control_file()
     return 1;
 }
 
-// The end of a run that converts nothing.
-int end_early()
+// The end of a run that converts nothing: the log, and with accelerometers their empty file, are there all the same.
+int end_early(Outputs& outputs)
 {
-    finish(outfile, debug_file_name, debflag);
+    outputs.finish();
     return fault_status();
 }
 
-int convert()
+// A deck that is not there is no fault; one that is there and cannot be read is.
+int end_without_deck(const std::string& name, const DeckFile& deck, bool name_fits, Outputs& outputs)
+{
+    std::printf("There is no %s file\n", name.c_str());
+    if (!name_fits)
+        report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
+    else if (name.empty())
+        tell(control_file_name, "it names no keyword deck");
+    else if (deck.missing())
+        tell(name, deck.failure());
+    else
+        report_fault(name, deck.failure());
+    return end_early(outputs);
+}
+
+// From the open deck and log to the summary.
+int convert(const DeckFile& deck, Outputs& outputs)
+{
+    std::printf("Opening %s file\n", file_names.deck);
+    begin_conversion();
+    if (accelflag == 1) outputs.create(accelfile);
+    if (cardflag == 1) {
+        if (!may_write_main_deck()) {
+            std::printf("exiting\n");
+            return end_early(outputs);
+        }
+        if (outputs.collide()) {  // names may have become links while the question waited
+            outputs.discard();
+            return fault_status();
+        }
+        outputs.create(inpfile);
+    }
+    if (geomflag == 1) outputs.create(geomfile);
+    if (setflag == 1) outputs.create(setfile);
+    outputs.create(keyword_of);
+    convert_deck();
+    if (deck.changed()) report_fault(file_names.deck, "it changed while it was being read");
+    if (is_faulty(file_names.deck)) outputs.discard();
+    outputs.finish();
+    print_summary();
+    return fault_status();
+}
+
+int run()
 {
     std::printf("\nReading input file\n");
     const ControlFileRead read = readinputs(control_file_name);
@@ -215,39 +147,18 @@ int convert()
         report_fault(control_file_name, read.failure);
         return fault_status();
     }
-    const ControlFile& control = read.control;
-    take_settings(control);
-    print_settings(control);
+    const std::string& name = read.control.sourcefile;
+    take_settings(read.control);
+    print_settings(read.control);
 
-    const bool name_fits = set_file_names(control.sourcefile);
-    if (!name_fits) report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
-    if (name_fits && outputs_collide()) return fault_status();
-    // asked before the debug log is created, which may be what the deck is called
-    const bool deck_exists = name_fits && deck_source.open(file_names.deck);
-    create(outfile, debug_file_name, &debflag);
-    if (!deck_exists) {
-        std::printf("There is no %s file\n", control.sourcefile.c_str());
-        return end_early();
-    }
-    const DeckState deck = deck_state();
-    std::printf("Opening %s file\n", file_names.deck);
-    begin_conversion();
-    if (accelflag == 1) create(accelfile, accel_file_name);
-    if (cardflag == 1) {
-        if (!may_write_main_deck()) {
-            std::printf("exiting\n");
-            return end_early();
-        }
-        create(inpfile, file_names.card, &cardflag);
-    }
-    if (geomflag == 1) create(geomfile, file_names.geom, &geomflag);
-    if (setflag == 1) create(setfile, file_names.sets, &setflag);
-    keyword_of.open(keyword_copy_name, "w+b");
-    convert_deck();
-    if (deck_state() != deck) report_fault(file_names.deck, "it changed while it was being read");
-    finish_files();
-    print_summary();
-    return fault_status();
+    Outputs outputs;
+    DeckFile deck;
+    const bool name_fits = set_file_names(name);
+    if (name_fits && outputs.collide()) return fault_status();
+    // opened before the debug log is created, which may be what the deck is called
+    const bool opened = name_fits && deck.open();
+    outputs.create(outfile);
+    return opened ? convert(deck, outputs) : end_without_deck(name, deck, name_fits, outputs);
 }
 
 // Standard output is buffered: that it could not be written may show only now.
@@ -264,7 +175,7 @@ int morvex(int argc, char* argv[])
 {
     start_progress_clock();
     fill_standard_streams();
-    take_signals_as_errors();
+    prepare_for_sudden_ends();
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
         const bool asks_for_help = argument == "-h" || argument == "--help";
@@ -277,5 +188,5 @@ int morvex(int argc, char* argv[])
         }
     }
     if (argc > 1) std::fputs("morvex: arguments are not used: the settings come from input.morvex\n", stderr);
-    return finish_standard_output(convert());
+    return finish_standard_output(run());
 }

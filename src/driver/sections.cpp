@@ -73,7 +73,10 @@ const char* name_of(Reads source)
 
 void close_infile(Reads source)
 {
-    if (const std::string failure = infile.failure(); !failure.empty()) report_fault(name_of(source), failure);
+    if (const std::string failure = infile.failure(); !failure.empty()) {
+        report_fault(name_of(source), failure);
+        if (source == Reads::copy) cardflag = accelflag = 0;  // what was made from it is not whole
+    }
     infile.close();
 }
 

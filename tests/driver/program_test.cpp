@@ -101,7 +101,7 @@ TEST_F(DeckMissing, RunEndsWithStatus0AndAnEmptyDebugLog)
     write_file("input.morvex", every_flag("model.k"));
     const Outcome outcome = run_command(program());
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.err, "morvex: model.k: No such file or directory\n");
     EXPECT_EQ(outcome.out,
               "\nReading input file\n"
               "Printing comprehensive input deck\n" +
@@ -138,22 +138,22 @@ TEST_F(DeckMissing, OldDebugLogIsEmptied)
     EXPECT_EQ(contents("model.card"), "old\n");
 }
 
-TEST_F(DeckMissing, DeckThatIsAFolderCountsAsMissing)
+TEST_F(DeckMissing, DeckThatIsAFolderCannotBeRead)
 {
     std::filesystem::create_directory("model.k");
     write_file("input.morvex", every_flag("model.k"));
     const Outcome outcome = run_command(program());
-    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(outcome.out.ends_with("There is no model.k file\n"));
     EXPECT_EQ(files(), "debug.morvex input.morvex model.k");
 }
 
-TEST_F(DeckMissing, DeckThatIsAPipeCountsAsMissingAndIsNotWaitedFor)
+TEST_F(DeckMissing, DeckThatIsAPipeIsNotWaitedFor)
 {
     ASSERT_EQ(run_command("mkfifo model.k").status, 0);
     write_file("input.morvex", every_flag("model.k"));
     const Outcome outcome = run_command(program());
-    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(outcome.out.ends_with("There is no model.k file\n"));
 }
 

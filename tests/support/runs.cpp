@@ -183,9 +183,14 @@ void Running::close_output()
     read_ = -1;
 }
 
+void Running::signal(int number) const
+{
+    ::kill(process_, number);
+}
+
 void Running::kill()
 {
-    ::kill(process_, SIGKILL);
+    signal(SIGKILL);
 }
 
 int Running::status()

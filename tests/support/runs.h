@@ -54,6 +54,7 @@ public:
     void type(std::string_view text);  // on standard input
     void close_input();
     void close_output();
+    void signal(int number) const;
     void kill();
 
     // Reads the rest of the output and waits for the end.
