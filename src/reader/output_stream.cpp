@@ -4,12 +4,12 @@
 #include <cerrno>
 #include <cstring>
 
-bool OutputStream::open(const char* file_name, const char* mode)
+bool OutputStream::open(const char* file_name)
 {
     close();
     failure_ = 0;
     errno = 0;
-    std::FILE* const file = std::fopen(file_name, mode);
+    std::FILE* const file = std::fopen(file_name, "wb");
     if (file == nullptr) {
         fail();
         return false;

@@ -22,8 +22,8 @@ public:
     OutputStream(const OutputStream&) = delete;
     OutputStream& operator=(const OutputStream&) = delete;
 
-    // Creates the file, or empties it; false when that fails. The mode is fopen's: "w+b" when it is read back.
-    bool open(const char* file_name, const char* mode = "wb");
+    // Creates the file, or empties it; false when that fails.
+    bool open(const char* file_name);
 
     // Writes to a file that stands at its beginning, and that somebody else closes later.
     void open(std::FILE* file);
