@@ -34,6 +34,7 @@ int morvex_deck(int argc, char* argv[])
     int status = clean;
     add_check(program, status);
     add_explain(program, status);
+    add_prepare(program, status);
     for (CLI::App* const command : program.get_subcommands({})) command->set_version_flag("--version", version());
     try {
         program.parse(argc, argv);
