@@ -109,6 +109,7 @@ deck::OffsetKind offset_of(deck::Names names)
     using deck::OffsetKind;
     switch (names) {
     case Names::node:
+    case Names::particle:
         return OffsetKind::node;
     case Names::element:
     case Names::shell:
