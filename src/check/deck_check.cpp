@@ -399,8 +399,9 @@ void Going::decide_form()
         code = "MD208";
         message = name + " is read, and nothing is written for it";
     }
+    const bool out_of_step = flawed && name.starts_with("*CONTACT");  // by a card, which is told
     told_format_ = code.empty() && differs_from_standard(at_.match, at_.head->format);
-    if (code.empty() && !told_format_) return;
+    if (code.empty() && !told_format_ && !out_of_step) return;
     judged_ = false;
     explained_.insert(at_.number);
     if (!code.empty()) tell(code, at_.head->line, 0, name.size(), message);
