@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# check_man_page.sh PAGE PROGRAM: the page renders without a complaint (so does that of morvex-look), and tells of every setting and option there is.
+# check_man_page.sh PAGE PROGRAM: the page renders without a complaint, as do those of morvex-look and morvex-deck, and tells
+# of every setting and option there is.
 set -euo pipefail
 page=$1 program=$2
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
-complaints=$(mandoc -Tlint "${page%.1}-look.1" 2>&1) || fail "mandoc: $complaints"
-[ -z "$complaints" ] || fail "mandoc: $complaints"
-complaints=$(mandoc -Tlint "$page" 2>&1) || fail "mandoc: $complaints"
+complaints=$(mandoc -Tlint "$page" "${page%.1}-look.1" "${page%.1}-deck.1" 2>&1) || fail "mandoc: $complaints"
 [ -z "$complaints" ] || fail "mandoc: $complaints"
 text=$(groff -man -ww -Tutf8 -P-cbou "$page" 2>"${TMPDIR:-/tmp}/groff.$$") || fail "groff"
 complaints=$(cat "${TMPDIR:-/tmp}/groff.$$"; rm -f "${TMPDIR:-/tmp}/groff.$$")
@@ -29,3 +28,14 @@ for section in NAME SYNOPSIS DESCRIPTION "CONTROL FILE" ENVIRONMENT FILES "EXIT 
     grep -q "^$section" <<<"$text" || fail "the page has no section $section"
 done
 grep -q SOURCE_DATE_EPOCH <<<"$text" || fail "SOURCE_DATE_EPOCH is not in the page"
+
+# The options of the second program, where it was built.
+if [ -x "$program-deck" ]; then
+    text=$(groff -man -ww -Tutf8 -P-cbou "${page%.1}-deck.1")
+    for command in check prepare explain; do
+        help=$("$program-deck" "$command" --help) || continue
+        for option in $(grep -o -- '^  -[-a-z,]*' <<<"$help" | tr ',' '\n' | grep -v '^-h$'); do
+            grep -q -- "^ *$option" <<<"$text" || fail "$option of $command is not in the page of morvex-deck"
+        done
+    done
+fi

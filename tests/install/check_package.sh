@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check_package.sh BUILD SOURCE SHLIBDEPS: builds the Debian package of BUILD, unpacks it into a scratch root and tries
-# what is there: the program on every example, the man page, the completion, the documentation.
+# check_package.sh BUILD SOURCE SHLIBDEPS: builds the Debian packages of BUILD, unpacks them into scratch roots and tries
+# what is there: the program on every example, the man pages, the completions, the documentation.
 set -euo pipefail
 build=$1 source=$2 shlibdeps=$3
 work=$(mktemp -d)
@@ -10,7 +10,7 @@ fail() { echo "FAILED: $*" >&2; exit 1; }
 
 (cd "$work" && cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/package" >"$work/cpack.log" 2>&1) ||
     { cat "$work/cpack.log" >&2; fail "cpack"; }
-deb=$(echo "$work"/package/*.deb)
+deb=$(echo "$work"/package/morvex_*.deb)
 [ "$(dpkg-deb -f "$deb" Package)" = morvex ] || fail "the package has another name"
 [[ $(dpkg-deb -f "$deb" Version) == 2.601* ]] || fail "the package has another version"
 if [ "$shlibdeps" = yes ]; then
@@ -63,4 +63,28 @@ complete_word() {
 [ "$(complete_word --)" = "--help --version" ] || fail "completion of --: $(complete_word --)"
 [ "$(complete_word --v)" = "--version" ] || fail "completion of --v: $(complete_word --v)"
 [ "$(complete_word model)" = "" ] || fail "completion of model: $(complete_word model)"
+
+# The second program, where it was built: a package of its own, with nothing that the first has.
+if [ -x "$build/morvex-deck" ]; then
+    second=$(echo "$work"/package/morvex-deck_*.deb)
+    [ "$(dpkg-deb -f "$second" Package)" = morvex-deck ] || fail "the second package has another name"
+    if [ "$shlibdeps" = yes ]; then
+        [[ $(dpkg-deb -f "$second" Depends) == *libmuparser* ]] || fail "morvex-deck does not depend on muParser"
+        [[ $(dpkg-deb -f "$deb" Depends) != *libmuparser* ]] || fail "morvex depends on muParser"
+    fi
+    other=$work/other
+    dpkg-deb -x "$second" "$other"
+    common=$(comm -12 <(cd "$root" && find . -type f | sort) <(cd "$other" && find . -type f | sort))
+    [ -z "$common" ] || fail "in both packages: $common"
+    [ "$("$other/usr/bin/morvex-deck" --version)" = "morvex-deck 2.601" ] || fail "morvex-deck --version"
+    gzip -dc "$other/usr/share/man/man1/morvex-deck.1.gz" | cmp - "$source/docs/morvex-deck.1"
+    completed=$(bash -c 'set -eu
+        . "$1/usr/share/bash-completion/completions/morvex-deck"
+        COMP_WORDS=(morvex-deck ch) COMP_CWORD=1
+        _morvex_deck
+        echo "${COMPREPLY[@]-}"' bash "$other")
+    [ "$completed" = check ] || fail "completion of ch: $completed"
+    "$other/usr/bin/morvex-deck" check "$doc/examples/taylor-bar/taylor.k" >"$work/checked" || fail "morvex-deck check"
+    tail -1 "$work/checked" | grep -q "^0 errors, " || fail "morvex-deck check: $(tail -1 "$work/checked")"
+fi
 echo "$(basename "$deb"): $tried examples, man page and completion are in order"
