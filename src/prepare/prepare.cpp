@@ -6,6 +6,7 @@
 #include "deck/keyword_line.h"
 #include "prepare/block_writer.h"
 #include "prepare/keyword_form.h"
+#include "prepare/sets.h"
 
 namespace prepare
 {
@@ -50,6 +51,7 @@ private:
     void block();
     void carriage_returns(deck::FileNumber file);
     void other_block(const KeywordForm& form);
+    void set_block(KeywordForm form, const SetList& list);
     void changed_block(const KeywordForm& form, const deck::ContentChange& change);
     void copy_lines();
     void comments_alone(std::string_view code, std::string_view message);
@@ -75,6 +77,7 @@ private:
     std::map<std::string, std::size_t, std::less<>> troubles_of_block_;  // by code: places in summary_.not_carried
     std::set<deck::FileNumber> told_carriage_returns_;
     std::vector<Kept> kept_;
+    std::map<std::size_t, SetList> lists_;  // by block
 };
 
 Preparing::Preparing(const std::filesystem::path& deck, const Survey& survey, std::ostream& stream,
@@ -89,6 +92,7 @@ Preparing::Preparing(const std::filesystem::path& deck, const Survey& survey, st
           },
           options.origins)
 {
+    if (survey.has_questions) lists_ = lists_of(deck);
 }
 
 void Preparing::changed(std::string_view code, std::size_t line, std::string_view before, std::string_view after,
@@ -199,6 +203,9 @@ void Preparing::changed_block(const KeywordForm& form, const deck::ContentChange
 void Preparing::other_block(const KeywordForm& form)
 {
     const deck::Block& head = reader_.block();
+    if (is_question(head.keyword.name))
+        trouble("MD201", reader_.place(head.file, head.line, 1, 1 + head.keyword.name.size()),
+                "the set stays as it is: it asks for what is not known here");
     const deck::ContentChange& change = reader_.file(head.file).change;
     if (!change.is_none() && !deck::defines_parameters(head.keyword.name)) {
         const deck::ContentChange kept = change;  // the list of files may grow
@@ -209,6 +216,18 @@ void Preparing::other_block(const KeywordForm& form)
         writer_.keyword_line(head, form);
         copy_lines();
     }
+}
+
+// A set whose members are known. Its comments come first.
+void Preparing::set_block(KeywordForm form, const SetList& list)
+{
+    form.line = list.keyword;
+    form.code = "MD201";
+    form.message = "the set written as the list of its members";
+    writer_.keyword_line(reader_.block(), form);
+    for (deck::Line line; reader_.next_line(line);)
+        if (deck::is_comment(line.text)) output_.line(line.text);
+    for (const std::string& card : list.cards) output_.line(card);
 }
 
 void Preparing::block()
@@ -242,6 +261,8 @@ void Preparing::block()
         const KeywordForm form = form_of(head, survey_->standard_deck);
         if (ends_boundary_pass(name) && blocks_ < survey_->last_of_boundary_pass)
             keep_for_the_end(form);
+        else if (const auto list = lists_.find(blocks_); list != lists_.end())
+            set_block(form, list->second);
         else
             other_block(form);
     }

@@ -21,6 +21,7 @@ std::span<const Rule> rules()
         {"MD121", "an include file", "puts its content in its place", "prepare"},
         {"MD124", "an include file with offsets or a transformation", "applies them to the content", "card_rewriter"},
         {"MD201", "a material or equation of state by its number", "writes its name", "keyword_form"},
+        {"MD201", "a set by ranges, by what the mesh has, of sets", "writes the list of its members", "sets"},
         {"MD204", "*DEFINE_COORDINATE_... that ends a pass", "moves it behind everything else", "prepare"},
         {"MD205", "a further definition in a block", "gives it a keyword line of its own", "block_writer"},
         {"MD207", "a missing card", "writes a blank one", "block_writer"},

@@ -5,6 +5,7 @@
 
 #include "deck/layout.h"
 #include "prepare/keyword_form.h"
+#include "prepare/sets.h"
 
 namespace prepare
 {
@@ -46,6 +47,7 @@ private:
         found_.has_end = found_.has_end || (head.ends_file && head.file == 0);
         found_.reads_files = found_.reads_files || head.include == deck::IncludeKind::files ||
                              head.include == deck::IncludeKind::transform;
+        found_.has_questions = found_.has_questions || is_question(name);
         if (is_of_boundary_pass(name)) found_.last_of_boundary_pass = blocks_;
         if (name == "*KEYWORD" && head.file == 0) settings_ = deck::settings_from(head.keyword.rest, settings_);
         if (!name.empty()) format(head);

@@ -16,6 +16,7 @@ struct Survey {
     std::vector<deck::Problem> problems;  // in the order in which they were met
     bool standard_deck = false;           // the deck's own format must go: some block needs it to
     bool reads_files = false;             // it includes others
+    bool has_questions = false;           // sets that are no lists
     bool has_end = false;                 // of the main deck
     bool ends_in_newline = true;
     std::size_t last_line = 0;              // of the main deck

@@ -206,6 +206,46 @@ TEST(Solids, OnTwoLinesAreWrittenOnOne)
               "*ELEMENT_SOLID\n      11       1       1       2       3       4       5       6       7       8\n");
 }
 
+// ---- sets ----------------------------------------------------------------------------------------------------------
+
+const std::string mesh =
+    "*NODE\n       1             0.5\n       2             1.5\n       4             2.5\n       9             3.5\n"
+    "*ELEMENT_SPH\n       4      31             1.0\n       2      31             1.0\n";
+
+TEST(Sets, OfRangesListWhatIsDefinedInThem)
+{
+    EXPECT_EQ(block("*SET_NODE_LIST_GENERATE\n         3       0.5\n         2         4         9        12\n" + mesh),
+              "*SET_NODE_LIST\n         3       0.5\n         2         4         9\n" + mesh);
+    EXPECT_EQ(
+        block("*SET_NODE_LIST_GENERATE_INCREMENT_TITLE\nodd\n         3\n         1         9         4\n" + mesh),
+        "*SET_NODE_LIST_TITLE\nodd\n         3\n         1         9\n" + mesh);
+}
+
+TEST(Sets, OfPartsAndBoxesListTheirNodes)
+{
+    EXPECT_EQ(block("*SET_NODE_GENERAL\n         3\n      PART        31\n      NODE         1\n" + mesh),
+              "*SET_NODE_LIST\n         3\n         1         2         4\n" + mesh);
+    const std::string box = "*DEFINE_BOX\n         7       1.0       3.0      -1.0       1.0      -1.0       1.0\n";
+    EXPECT_EQ(block("*SET_NODE_GENERAL\n         3\n       BOX         7\n" + box + mesh),
+              "*SET_NODE_LIST\n         3\n         2         4\n" + box + mesh);
+}
+
+TEST(Sets, OfSetsListTheMembersOfThose)
+{
+    const std::string others = "*SET_NODE_LIST\n         1\n         9         2\n"
+                               "*SET_NODE_COLUMN\n         2\n         4\n         2\n";
+    EXPECT_EQ(block("*SET_NODE_ADD\n         3\n         1         2\n" + others),
+              "*SET_NODE_LIST\n         3\n         2         4         9\n*SET_NODE_LIST\n         1\n"
+              "         9         2\n*SET_NODE_LIST\n         2\n         2         4\n");
+}
+
+TEST(Sets, ThatAskForMoreStayAsTheyAre)
+{
+    const std::string sets = "*SET_NODE_GENERAL\n         3\n     DPART        31\n"
+                             "*SET_NODE_ADD\n         4\n         8\n*SET_NODE_ADD\n         5\n         5\n";
+    EXPECT_EQ(block(sets), sets);
+}
+
 // ---- files ---------------------------------------------------------------------------------------------------------
 
 TEST(Files, HaveTheirContentInTheirPlace)
