@@ -70,6 +70,9 @@ bool is_text(const CardLayout& card)
     return card.fields.empty() || card.fields.back().kind == Kind::text;
 }
 
+// What preprocessors write behind the attributes of every set, and what is meant without it.
+constexpr std::string_view usual_solver = "MECH";
+
 // The first word from the column on that is more than a zero; nothing when there is none.
 std::optional<Inked> value_from(std::string_view line, std::size_t column)
 {
@@ -78,7 +81,10 @@ std::optional<Inked> value_from(std::string_view line, std::size_t column)
         const std::size_t begin = column;
         while (column < line.size() && !is_blank(line[column]) && line[column] != ',') ++column;
         if (begin == column) break;
-        const deck::FieldNumber number = deck::standard_number(line.substr(begin, column - begin));
+        std::string_view word = line.substr(begin, column - begin);
+        if (word.ends_with(usual_solver)) word.remove_suffix(usual_solver.size());
+        const deck::FieldNumber number = deck::standard_number(word);
+        if (word.empty()) continue;
         if (number.form == deck::FieldNumber::Form::none || number.value != 0) return Inked{begin, column};
     }
     return {};
@@ -354,12 +360,12 @@ const ShapeNumber* ConvertedBlock::shape_of(std::size_t group) const
     return group < shapes_->size() ? &(*shapes_)[group] : nullptr;
 }
 
-const ConvertedBlock::Logged& ConvertedBlock::logged_of(ShapeNumber number, const CardLayout& card)
+const ConvertedBlock::Logged& ConvertedBlock::logged_of(ShapeNumber shape_number, const CardLayout& card)
 {
-    const auto [place, is_new] = logged_.try_emplace({number, &card});
+    const auto [place, is_new] = logged_.try_emplace({shape_number, &card});
     Logged& logged = place->second;
     if (!is_new) return logged;
-    const LogShape& shape = reading_->shapes[number];
+    const LogShape& shape = reading_->shapes[shape_number];
     for (const std::string& name : shape.unused)
         if (const auto field = field_named(card, name)) logged.unused |= 1U << *field;
     for (const LogShape::Replaced& replaced : shape.replaced)
@@ -387,8 +393,8 @@ std::size_t ConvertedBlock::logged_end(const LineOfBlock& line)
     return (*line.fields)[last].column + (*line.fields)[last].width;
 }
 
-void ConvertedBlock::tell_value(std::string_view code, const LineOfBlock& line, std::size_t field, std::string said,
-                                std::string read_as)
+void ConvertedBlock::tell_value(std::string_view code, const LineOfBlock& line, std::size_t field,
+                                const std::string& said, std::string read_as)
 {
     const FieldText& text = (*line.fields)[field];
     const Inked ink = inked(text.text);

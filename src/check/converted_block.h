@@ -59,7 +59,7 @@ private:
     };
 
     const Fit& fit_of(PatternNumber pattern, const deck::CardLayout& card);
-    const Logged& logged_of(ShapeNumber shape, const deck::CardLayout& card);
+    const Logged& logged_of(ShapeNumber shape_number, const deck::CardLayout& card);
     [[nodiscard]] const ShapeNumber* shape_of(std::size_t group) const;
     Fit read_of(const LineOfBlock& line);
     void take_unread(const LineOfBlock& line);
@@ -72,7 +72,7 @@ private:
     void take_fixed_values(const LineOfBlock& line, std::size_t field, double value);
     void take_title(const LineOfBlock& line);
     void tell(std::string_view code, const LineOfBlock& line, std::size_t column, std::size_t end, std::string message);
-    void tell_value(std::string_view code, const LineOfBlock& line, std::size_t field, std::string said,
+    void tell_value(std::string_view code, const LineOfBlock& line, std::size_t field, const std::string& said,
                     std::string read_as);
     void tell_misread(const LineOfBlock& line, const Misread& misread);
     void out_of_step(const LineOfBlock& line);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "deck/field_number.h"
 #include "deck/keyword_line.h"
@@ -80,23 +81,9 @@ Inked extent_of(const deck::FieldText& field)
     const Inked inside = inked(field.text);
     return {field.column + inside.begin, field.column + inside.end};
 }
-}  // namespace
 
-Meaning::Meaning(References& references, Collector* findings, std::vector<Definition>& definitions)
-    : references_(&references), findings_(findings), definitions_(&definitions)
-{
-}
-
-void Meaning::begin(const BlockAt& block, const deck::ContentChange& change)
-{
-    block_ = &block;
-    change_ = &change;
-    changed_ = !change.is_none();
-    definitions_only_ = !block.match.exact;
-    pending_.clear();
-}
-
-std::optional<Identifier> Meaning::identifier(const deck::FieldText& field, const deck::Parameters& parameters) const
+// What a field's text names; nothing for a blank, a zero and what is no identifier.
+std::optional<Identifier> identifier(const deck::FieldText& field, const deck::Parameters& parameters)
 {
     if (const auto number = plain_integer(field.text)) {
         if (*number == 0) return {};
@@ -121,6 +108,21 @@ std::optional<Identifier> Meaning::identifier(const deck::FieldText& field, cons
     const bool narrow = field.field->kind == deck::Kind::integer;
     if (narrow && std::abs(number.value) >= 0x1p31) return {};
     return Identifier{*whole, {}};
+}
+}  // namespace
+
+Meaning::Meaning(References& references, Collector* findings, std::vector<Definition>& definitions)
+    : references_(&references), findings_(findings), definitions_(&definitions)
+{
+}
+
+void Meaning::begin(const BlockAt& block, const deck::ContentChange& change)
+{
+    block_ = &block;
+    change_ = &change;
+    changed_ = !change.is_none();
+    definitions_only_ = !block.match.exact;
+    pending_.clear();
 }
 
 Identifier Meaning::shifted(Identifier id, Names names) const

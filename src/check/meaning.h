@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -46,8 +45,6 @@ private:
         std::size_t line, column, end;
     };
 
-    [[nodiscard]] std::optional<Identifier> identifier(const deck::FieldText& field,
-                                                       const deck::Parameters& parameters) const;
     [[nodiscard]] Identifier shifted(Identifier id, deck::Names names) const;
     void define(const deck::CardPlace& place, const deck::FieldText& field, const Identifier& id, std::size_t line);
     void define_as(std::size_t kind, bool converted, const deck::FieldText& field, const Identifier& id,
