@@ -34,7 +34,7 @@ if [ -x "$program-deck" ]; then
     text=$(groff -man -ww -Tutf8 -P-cbou "${page%.1}-deck.1")
     for command in check prepare explain; do
         help=$("$program-deck" "$command" --help) || continue
-        for option in $(grep -o -- '^  -[-a-z,]*' <<<"$help" | tr ',' '\n' | grep -v '^-h$'); do
+        for option in $(grep -o -- '^  -[-a-z,]*' <<<"$help" | tr -d ' ' | tr ',' '\n' | grep -v '^-h$'); do
             grep -q -- "^ *$option" <<<"$text" || fail "$option of $command is not in the page of morvex-deck"
         done
     done

@@ -55,6 +55,7 @@ class Papers(unittest.TestCase):
         programs.mkdir()
         (programs / "morvex").symlink_to(MORVEX)
         (programs / "morvex-look").symlink_to(LOOK)
+        (programs / "morvex-deck").symlink_to(os.environ["MORVEX_DECK_PROGRAM"] or "/nowhere")
         self.program("editor", "sed -i -E 's/^( sourcefile *:).*/\\1 model.k/' \"$1\"")
         self.home = self.folder / "home"
         self.work = self.folder / "work"
@@ -114,13 +115,14 @@ class Papers(unittest.TestCase):
 
     def test_each_command_of_the_pages_is_known_to_these_tests(self):
         commands = {
-            "guide.md": ["cp -r /usr/share/doc", "mkdir mymodel", "morvex-look model.k", "morvex-look model.k",
+            "guide.md": ["cp -r /usr/share/doc", "mkdir mymodel", "morvex-deck check", "morvex-deck prepare",
+                         "morvex-look model.k", "morvex-look model.k",
                          "grep skipped debug.morvex", "sed -E '/^\\*/s"],
             "scripting.md": ["morvex >morvex.out", "rm -f model.card; morvex", "cat >input.morvex", "SOURCE_DATE_EPOCH=",
                              "#!/usr/bin/env bash\n# convert-one", "find decks -name '*.k' -print0",
                              "#!/usr/bin/env bash\n#SBATCH", "find decks -name '*.k' -o"],
         }
-        samples = ("*", "1  ", " ", "0  ", "7  ")  # lines of decks and of what was written
+        samples = ("*", "1  ", " ", "0  ", "7  ", "model.k:")  # lines of decks and of what was written
         for page, known in commands.items():
             unknown = [each for each in blocks(page) if not each.startswith(samples)]
             for beginning in known:
@@ -144,6 +146,37 @@ class Papers(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertIn("Please modify input.morvex", done.stdout)
         self.assertTrue((self.work / "mymodel" / "model.card").exists())
+
+    def test_deck_check_tells_what_the_guide_says(self):
+        command = block("guide.md", "morvex-deck check")
+        self.write("model.k", "*KEYWORD\n*NODE\n" + card(1, width=8)[:-1] + "0.5".ljust(16) + card(0.0, 0.0, width=16) +
+                   "*END\n")
+        done = self.run_commands(command)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(block("guide.md", "model.k:3:9: error"), done.stdout)
+        self.assertIn("MD101: ", self.run_commands("morvex-deck explain MD101").stdout)
+        self.write("model.k", CLEAN)
+        self.settings()
+        done = self.run_commands(command)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertEqual(sorted(path.name for path in self.work.iterdir()), ["input.morvex", "model.k"])
+
+    def test_deck_prepare_mends_what_the_guide_says(self):
+        command = block("guide.md", "morvex-deck prepare")
+        node = card(1, width=8)[:-1] + "0.5".ljust(16) + card(0.0, 0.0, width=16)
+        self.write("model.k", "*KEYWORD\n*NODE\n" + node + "2,1.5,0.,0.\n*END\n")
+        done = self.run_commands(command)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn('"MD101"', self.read("changes.json"))
+        self.assertIn('"MD103"', self.read("changes.json"))
+        self.assertEqual(self.run_commands("morvex-deck check strict.k").returncode, 0)
+        self.convert(self.read("strict.k"))
+        self.assertIn("       1  5.0000000000000e-01", self.read("model.geom"))
+        self.assertIn("       2  1.5000000000000e+00", self.read("model.geom"))
+        self.write("model.k", "*INCLUDE\nmissing.k\n*END\n")
+        (self.work / "strict.k").unlink()
+        self.assertEqual(self.run_commands(command).returncode, 2)
+        self.assertFalse((self.work / "strict.k").exists())
 
     def test_greps_of_the_log_find_what_they_say(self):
         commands = block("guide.md", "grep skipped debug.morvex").splitlines()
