@@ -98,7 +98,7 @@ void rename(KeywordForm& form, std::string& name)
     if (name.size() > longest_keyword && end_is_looked_at(name)) {
         set("MD111", "_ID or _TITLE, and its card, taken out: the keyword is too long for them");
         form.drops_heading = true;
-        name = name.substr(0, name.rfind('_'));
+        name.resize(name.rfind('_'));
     }
 }
 }  // namespace
