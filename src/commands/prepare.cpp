@@ -27,6 +27,7 @@ struct Arguments {
     std::string output;
     std::string changes;
     bool origins = false;
+    bool warnings_as_errors = false;
 };
 
 // ---- the changes as JSON -------------------------------------------------------------------------------------------
@@ -133,6 +134,18 @@ prepare::Summary write_deck(const prepare::Preparation& preparation, const Argum
     return summary;
 }
 
+// Parameters that are defined twice; true when there are any.
+bool tell_warnings(const prepare::Preparation& preparation)
+{
+    bool any = false;
+    for (const deck::Problem& problem : preparation.problems()) {
+        if (problem.severity != deck::Severity::warning) continue;
+        std::cerr << deck::to_string(problem) << '\n';
+        any = true;
+    }
+    return any;
+}
+
 int prepare_deck(const Arguments& arguments)
 {
     std::vector<deck::Problem> problems;
@@ -151,8 +164,9 @@ int prepare_deck(const Arguments& arguments)
                 changes.finish(summary);
             });
         }
+        const bool warned = tell_warnings(preparation) && arguments.warnings_as_errors;
         tell(summary);
-        return summary.not_carried.empty() ? clean : found;
+        return summary.not_carried.empty() && !warned ? clean : found;
     } catch (const deck::Fault&) {
         std::erase_if(problems, [](const deck::Problem& problem) { return !prepare::stops(problem); });
         if (problems.empty()) throw;
@@ -172,6 +186,8 @@ void add_prepare(CLI::App& program, int& status)
         ->type_name("FILE");
     command->add_option("--changes", arguments->changes, "writes every change as JSON")->type_name("FILE");
     command->add_flag("--origins", arguments->origins, "puts \"$ from FILE:LINE\" before each keyword line");
+    command->add_flag("--warnings-as-errors", arguments->warnings_as_errors,
+                      "ends with status 1 also when there are only warnings");
     command->callback([arguments, &status] { status = prepare_deck(*arguments); });
 }
 }  // namespace commands

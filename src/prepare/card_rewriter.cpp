@@ -269,6 +269,14 @@ bool CardRewriter::differs(std::size_t index, std::string_view line, std::size_t
     return !means_nothing || number.form == Form::none || number.value != 0;
 }
 
+// True when the number, once moved, would seem to go on in the next field, where two numbers stand.
+bool CardRewriter::would_touch(std::size_t index) const
+{
+    if (index + 1 >= fields_.size() || meanings_[index + 1].form != Form::none) return false;
+    const std::string_view next = fields_[index + 1].text;
+    return !next.empty() && (is_digit(next.front()) || next.front() == '.');
+}
+
 // In standard columns only the fields that are misread change.
 bool CardRewriter::touch_up(std::string_view line, bool read, bool all, Rewritten& to)
 {
@@ -276,7 +284,7 @@ bool CardRewriter::touch_up(std::string_view line, bool read, bool all, Rewritte
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         const FieldText& field = fields_[i];
         const bool counts = all || (read && field.field->converted);
-        if (!counts || !differs(i, line, field.column)) continue;
+        if (!counts || !differs(i, line, field.column) || would_touch(i)) continue;
         const Meaning& meaning = meanings_[i];
         const auto text = fitting(field.field->kind, meaning.form, meaning.value, meaning.text, field.width);
         std::string_view code = meaning.code;

@@ -39,6 +39,9 @@ public:
     // Every file that is read.
     [[nodiscard]] const std::vector<deck::SourceFile>& files() const { return survey_.files; }
 
+    // Warnings, and errors that do not stop it.
+    [[nodiscard]] const std::vector<deck::Problem>& problems() const { return survey_.problems; }
+
     // Writes the deck. Throws deck::Fault when a field has no value, or a transformation cannot be done: what has been
     // written by then is to be thrown away.
     Summary write(std::ostream& stream, const Options& options, const ChangeReport& report = {}) const;

@@ -101,6 +101,12 @@ TEST(Cards, LeaveWordsAndTwoNumbersInAField)
     EXPECT_EQ(block(nodes), nodes);
 }
 
+TEST(Cards, DoNotMakeANumberRunIntoTwoOthers)
+{
+    const std::string card = "*SET_NODE\n         1\n  7       1       1\n";
+    EXPECT_EQ(block(card), card);
+}
+
 TEST(Cards, AreLeftAloneWhereTheConverterSkipsTheKeyword)
 {
     const std::string beams = "*ELEMENT_BEAM\n1,2,3,4\n*CONTROL_ENERGY\n2,2\n";
