@@ -321,6 +321,7 @@ void ConvertedBlock::take_blank(const LineOfBlock& line)
     const bool makes_something = !drops_zeros(card) && (first_of_many || listed || defines(card));
     tell("MD112", line, 0, 0,
          makes_something ? "the blank line is read as a card of zeros" : "the blank line is a card of zeros");
+    pending_.back().mended_by_prepare = first_of_many || listed || defines(card);  // not one that the keyword has
     if (!makes_something) return;
     pending_.back().severity = deck::Severity::error;
     errors_ = true;

@@ -404,7 +404,10 @@ void Going::decide_form()
     if (code.empty() && !told_format_ && !out_of_step) return;
     judged_ = false;
     explained_.insert(at_.number);
-    if (!code.empty()) tell(code, at_.head->line, 0, name.size(), message);
+    if (code.empty() || second_) return;
+    Finding found = finding_at(at_, code, at_.head->line, 0, name.size(), std::move(message));
+    found.mended_by_prepare = (at_.match.exact && layout.keyword == "*PART") || has_an_equal(name);
+    state_->findings.add(std::move(found));
 }
 
 void Going::end_block()

@@ -276,8 +276,11 @@ void BlockWriter::missing_cards()
         if (form_->drops_options && !place.card->option.empty()) continue;
         if (place.first_of_group && !form_->adds_title.empty()) output_->line(form_->adds_title);
         if (is_heading(place) && form_->drops_heading) continue;
-        changed("MD207", line, "", "", "a missing card written as a blank one");
-        output_->line("");
+        const deck::Field* const first = place.card->fields.empty() ? nullptr : place.card->fields.data();
+        const bool has_number = first != nullptr && first->kind != deck::Kind::text;
+        const std::string zero = has_number ? std::string(first->width - 1U, ' ') + "0" : std::string();
+        changed("MD207", line, "", zero, "a missing card put in");
+        output_->line(zero);
     }
 }
 

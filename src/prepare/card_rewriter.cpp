@@ -68,6 +68,15 @@ bool is_plain_field(const char* at, const char* end)
     return at == end && at != exponent;
 }
 
+// True when a tab does not stand for one blank; behind the last character it does no harm.
+bool tabs_move_numbers(std::string_view line)
+{
+    line = line.substr(0, line.find_last_not_of(" \t\r") + 1);
+    std::string blanks(line);
+    std::replace(blanks.begin(), blanks.end(), '\t', ' ');
+    return deck::with_tabs_expanded(line) != blanks;
+}
+
 bool is_blank(std::string_view text)
 {
     return text.find_first_not_of(' ') == std::string_view::npos;
@@ -184,7 +193,7 @@ void CardRewriter::join_across(std::size_t index)
 {
     const FieldText& field = fields_[index];
     const FieldText& next = fields_[index + 1];
-    if (!is_number(field.field->kind) || !is_number(next.field->kind)) return;
+    if (field.field->kind != Kind::real || !is_number(next.field->kind)) return;  // an integer there is complete
     if (field.text.size() < field.width || next.text.empty() || field.text.back() == ' ' || next.text.front() == ' ')
         return;
     if (field.text.front() != ' ' || !(is_digit(next.text.front()) || next.text.front() == '.')) return;
@@ -258,9 +267,9 @@ bool CardRewriter::differs(std::size_t index, std::string_view line, std::size_t
     const Meaning& meaning = meanings_[index];
     const std::string_view text = column < line.size() ? line.substr(column, field.width) : std::string_view{};
     if (field.kind == Kind::text) return false;
+    if (meaning.code == "MD104") return true;
     if (field.kind != Kind::word)
-        return meaning.form != Form::none ? deck::strict_number(text, field.width) != meaning.value
-                                          : meaning.code == "MD104";
+        return meaning.form != Form::none && deck::strict_number(text, field.width) != meaning.value;
     const bool read = text.size() == field.width && text.back() != ' ';
     const std::string_view word = read ? deck::trimmed(text) : std::string_view{};
     if (word == meaning.text) return false;
@@ -269,10 +278,26 @@ bool CardRewriter::differs(std::size_t index, std::string_view line, std::size_t
     return !means_nothing || number.form == Form::none || number.value != 0;
 }
 
+// True for a zero that is read as one and stands where the number before it in the line seems to go on, as another one.
+bool CardRewriter::seems_to_go_on(std::size_t index, std::string_view line) const
+{
+    if (index == 0 || meanings_[index].value != 0 || fields_[index].text.empty()) return false;
+    const FieldText& field = fields_[index];
+    const std::string_view before = line.substr(fields_[index - 1].column, fields_[index - 1].width);
+    if (fields_[index - 1].field->kind != Kind::real || before.back() == ' ') return false;
+    if (!is_digit(field.text.front()) && field.text.front() != '.') return false;
+    const std::string_view tail = field.text.substr(0, field.text.find(' '));
+    if (tail.size() == field.width) return false;
+    const std::string_view head = before.substr(before.find_last_of(' ') + 1);
+    const FieldNumber whole = deck::standard_number(std::string(head).append(tail));
+    return whole.form != Form::none && whole.value != meanings_[index - 1].value;
+}
+
 // True when the number, once moved, would seem to go on in the next field, where two numbers stand.
 bool CardRewriter::would_touch(std::size_t index) const
 {
     if (index + 1 >= fields_.size() || meanings_[index + 1].form != Form::none) return false;
+    if (fields_[index].field->kind != Kind::real) return false;
     const std::string_view next = fields_[index + 1].text;
     return !next.empty() && (is_digit(next.front()) || next.front() == '.');
 }
@@ -284,7 +309,10 @@ bool CardRewriter::touch_up(std::string_view line, bool read, bool all, Rewritte
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         const FieldText& field = fields_[i];
         const bool counts = all || (read && field.field->converted);
-        if (!counts || !differs(i, line, field.column) || would_touch(i)) continue;
+        if (!counts ||
+            !(differs(i, line, field.column) || seems_to_go_on(i, changed ? std::string_view(to.text) : line)) ||
+            would_touch(i))
+            continue;
         const Meaning& meaning = meanings_[i];
         const auto text = fitting(field.field->kind, meaning.form, meaning.value, meaning.text, field.width);
         std::string_view code = meaning.code;
@@ -327,7 +355,7 @@ bool CardRewriter::compose(std::string_view line, const deck::CardLayout& card, 
     bool needed = style.format != deck::Format::standard;
     std::size_t column = 0;
     for (std::size_t i = 0; i < card.fields.size() && !needed; ++i) {
-        needed = (all || (read && fields_[i].field->converted)) && differs(i, line, column);
+        needed = (all && differs(i, line, column)) || read;
         column += card.fields[i].width;
     }
     if (!needed) return false;
@@ -397,11 +425,7 @@ bool CardRewriter::rewrite(std::string_view line, const deck::CardLayout& layout
     bool changed = false;
     if (standard && !free) {
         for (std::size_t i = 0; i + 1 < fields_.size(); ++i) join_across(i);
-        bool tabs_matter = false;
-        if (expanded.size() != line.size())
-            for (std::size_t i = 0; i < fields_.size(); ++i)
-                tabs_matter =
-                    tabs_matter || (read && fields_[i].field->converted && differs(i, line, fields_[i].column));
+        const bool tabs_matter = read && tabs_move_numbers(line);
         if (tabs_matter) {
             to.code = "MD109";
             to.text = expanded;

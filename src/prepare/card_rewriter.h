@@ -73,6 +73,7 @@ private:
     void shift(const deck::ContentChange& change, const deck::CardWalk& walk);
     void transform(const deck::Transformation& transformation);
     [[nodiscard]] bool differs(std::size_t index, std::string_view line, std::size_t column) const;
+    [[nodiscard]] bool seems_to_go_on(std::size_t index, std::string_view line) const;
     [[nodiscard]] bool would_touch(std::size_t index) const;
     bool touch_up(std::string_view line, bool read, bool all, Rewritten& to);
     bool compose(std::string_view line, const deck::CardLayout& card, bool read, const CardStyle& style, Rewritten& to);

@@ -24,7 +24,7 @@ std::span<const Rule> rules()
         {"MD201", "a set by ranges, by what the mesh has, of sets", "writes the list of its members", "sets"},
         {"MD204", "*DEFINE_COORDINATE_... that ends a pass", "moves it behind everything else", "prepare"},
         {"MD205", "a further definition in a block", "gives it a keyword line of its own", "block_writer"},
-        {"MD207", "a missing card", "writes a blank one", "block_writer"},
+        {"MD207", "a missing card", "writes one of zeros", "block_writer"},
         {"MD208", "options of *PART", "takes them and their cards out", "keyword_form"},
         {"MD209", "a title that must be there, or must not", "adds or drops it", "keyword_form"},
     };

@@ -11,7 +11,9 @@
 #include <ostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
+#include "check/check.h"
 #include "prepared.h"
 #include "support/styles.h"
 #include "support/whole_run.h"
@@ -63,6 +65,18 @@ std::string difference(const std::string& text, const std::string& expected)
     return {};
 }
 
+// What check would have prepare mend; empty when nothing.
+std::string still_to_mend(const std::string& deck)
+{
+    const TemporaryFolder folder;
+    write_file("model.k", deck);
+    std::string text;
+    for (const check::Finding& finding : check::check_deck("model.k", {{{"lcflag", 1}}, true}).findings)
+        if (finding.mended_by_prepare)
+            text += finding.code + " in line " + std::to_string(finding.place.line) + ": " + finding.message + "\n";
+    return text;
+}
+
 // The deck prepared is the strict deck to the converter, and prepare does not change it further.
 void expect_same_model(const SpelledDeck& spelled)
 {
@@ -80,6 +94,7 @@ void expect_same_model(const SpelledDeck& spelled)
         EXPECT_EQ(difference(outputs.log, expected.log), "");
     }
     EXPECT_EQ(prepared_text(deck), deck);
+    EXPECT_EQ(still_to_mend(deck), "");
     if (testing::Test::HasFailure()) ADD_FAILURE() << all_text(spelled.files) << "==== prepared\n" << deck;
 }
 
@@ -118,6 +133,45 @@ INSTANTIATE_TEST_SUITE_P(Styles, EveryStyle, testing::ValuesIn(styles().begin(),
                              std::string name(test.param.name);
                              std::erase_if(name, [](char c) { return c == '\'' || c == '*' || c == ','; });
                              std::replace(name.begin(), name.end(), ' ', '_');
+                             return name;
+                         });
+
+// ---- the corpus of small decks -------------------------------------------------------------------------------------
+
+class CorpusDeck : public testing::TestWithParam<std::string>
+{
+};
+
+TEST_P(CorpusDeck, IsLeftAloneOrMendedForGood)
+{
+    const std::string path = std::string(MORVEX_CORPUS) + "/" + GetParam() + "/deck.k";
+    std::size_t to_mend = 0;
+    for (const check::Finding& finding : check::check_deck(path, {{{"lcflag", 1}}, true}).findings) {
+        if (finding.code == "MD122" || finding.code == "MD123") {
+            EXPECT_THROW(prepared(path), deck::Fault);
+            return;
+        }
+        if (finding.mended_by_prepare && finding.code != "MD404") ++to_mend;
+    }
+    const std::string deck = prepared(path);
+    EXPECT_EQ(deck == contents(path), to_mend == 0) << deck;
+    EXPECT_EQ(prepared_text(deck), deck);
+    EXPECT_EQ(still_to_mend(deck), "") << deck;
+}
+
+std::vector<std::string> corpus()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(MORVEX_CORPUS))
+        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Corpus, CorpusDeck, testing::ValuesIn(corpus()),
+                         [](const testing::TestParamInfo<std::string>& test) {
+                             std::string name = test.param;
+                             std::replace(name.begin(), name.end(), '-', '_');
                              return name;
                          });
 

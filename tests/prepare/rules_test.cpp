@@ -103,7 +103,7 @@ TEST(Cards, LeaveWordsAndTwoNumbersInAField)
 
 TEST(Cards, DoNotMakeANumberRunIntoTwoOthers)
 {
-    const std::string card = "*SET_NODE\n         1\n  7       1       1\n";
+    const std::string card = "*SET_NODE\n         1       7  1       1\n";
     EXPECT_EQ(block(card), card);
 }
 
@@ -172,7 +172,7 @@ TEST(Blocks, GiveEachDefinitionAKeywordLine)
 TEST(Blocks, GetTheirMissingCards)
 {
     EXPECT_EQ(block("*SECTION_SHELL\n         1         2\n$ nothing\n"),
-              "*SECTION_SHELL\n         1         2\n$ nothing\n\n");
+              "*SECTION_SHELL\n         1         2\n$ nothing\n         0\n");
 }
 
 TEST(Blocks, LoseBlankLinesInLists)
