@@ -19,8 +19,6 @@ using deck::FieldText;
 using deck::Kind;
 using deck::Reads;
 
-constexpr std::size_t everything = static_cast<std::size_t>(-1);
-
 // The debug log's names of fields that differ from the format's.
 struct Alias {
     std::string_view logged, field;
