@@ -36,6 +36,12 @@ std::optional<std::size_t> field_named(const CardLayout& card, std::string_view 
     return {};
 }
 
+// A value that the log counts as unused, though another pass writes it: into the failure definition.
+bool is_written_elsewhere(const deck::Layout& layout, std::string_view field)
+{
+    return layout.keyword == "*MAT_PLASTIC_KINEMATIC" && field == "fs";
+}
+
 // The values for which handlers refuse a group of cards.
 constexpr std::string_view refusing_fields[] = {"vad", "nsidex", "boxid", "irigid"};
 
@@ -366,7 +372,8 @@ const ConvertedBlock::Logged& ConvertedBlock::logged_of(ShapeNumber shape_number
     if (!is_new) return logged;
     const LogShape& shape = reading_->shapes[shape_number];
     for (const std::string& name : shape.unused)
-        if (const auto field = field_named(card, name)) logged.unused |= 1U << *field;
+        if (const auto field = field_named(card, name); field && !is_written_elsewhere(*block_->match.layout, name))
+            logged.unused |= 1U << *field;
     for (const LogShape::Replaced& replaced : shape.replaced)
         if (const auto field = field_named(card, replaced.field)) logged.replaced.emplace_back(*field, replaced.by);
     for (std::size_t i = 0; shape.refused && i < card.fields.size(); ++i)
@@ -420,15 +427,6 @@ void ConvertedBlock::take_fixed_values(const LineOfBlock& line, std::size_t fiel
     }
 }
 
-namespace
-{
-// sic: the log calls the failure strain unused, but the material's failure definition has it.
-bool is_written_elsewhere(std::string_view keyword, std::string_view field)
-{
-    return keyword == "*MAT_PLASTIC_KINEMATIC" && field == "fs";
-}
-}  // namespace
-
 // What becomes of the card's values in the output.
 void ConvertedBlock::take_values(const LineOfBlock& line, const Fit& fit)
 {
@@ -443,18 +441,21 @@ void ConvertedBlock::take_values(const LineOfBlock& line, const Fit& fit)
         if (line.line->carriage_return && text.size() < field.width) text += '\r';
         return deck::strict_number(text, field.width);
     };
+    const auto is_misread = [&](std::size_t i) {
+        return std::any_of(misread_.begin(), misread_.end(),
+                           [&](const Misread& misread) { return misread.field == (*line.fields)[i].field; });
+    };
     for (std::size_t i = 0; i < line.fields->size(); ++i) {
         if (((fit.fields | logged.unused) >> i & 1) == 0) continue;
         const double value = value_of(i);
-        const bool lost = (logged.unused >> i & 1) != 0 &&
-                          !is_written_elsewhere(block_->match.layout->keyword, (*line.fields)[i].field->name);
-        if (lost && value != 0)
+        if (is_misread(i)) continue;
+        if ((logged.unused >> i & 1) != 0 && value != 0)
             tell_value("MD301", line, i, "is not in the output", "");
         else if (settings && (logged.unused >> i & 1) == 0)
             take_fixed_values(line, i, value);
     }
     for (const auto& [field, by] : logged.replaced)
-        tell_value("MD302", line, field, "is replaced: " + by, written_instead(by));
+        if (!is_misread(field)) tell_value("MD302", line, field, "is replaced: " + by, written_instead(by));
     const auto refusing = std::find_if(logged.refusing.begin(), logged.refusing.end(),
                                        [&](std::size_t field) { return value_of(field) != 0; });
     if (refusing != logged.refusing.end()) tell_value("MD201", line, *refusing, "has the card skipped", "");
