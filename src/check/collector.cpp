@@ -1,18 +1,24 @@
 #include "check/collector.h"
 
 #include <tuple>
+#include <utility>
+
+#include "check/formats.h"
 
 namespace check
 {
 void Collector::add(Finding found)
 {
     if (!all_) {
-        const auto [place, is_new] = kept_.try_emplace(found.code + std::to_string(found.block), to_->size());
+        std::string key = found.code + std::string(word(found.severity)) + std::to_string(found.block);
+        const auto [kept_at, is_new] = kept_.try_emplace(std::move(key), to_->size());
         if (!is_new) {
-            Finding& kept = (*to_)[place->second];
+            Finding& kept = (*to_)[kept_at->second];
             const std::size_t others = kept.others + found.others + 1;
-            const auto key = [](const Finding& of) { return std::tie(of.file_order, of.place.line, of.place.column); };
-            if (key(found) < key(kept)) kept = std::move(found);
+            const auto place = [](const Finding& of) {
+                return std::tie(of.file_order, of.place.line, of.place.column);
+            };
+            if (place(found) < place(kept)) kept = std::move(found);
             kept.others = others;
             return;
         }

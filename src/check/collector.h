@@ -2,14 +2,16 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "check/finding.h"
 
 namespace check
 {
 
-// Keeps every finding, or the first of each code and block with the number of the others.
+// Keeps every finding, or the first of each code, severity and block with the number of the others.
 class Collector
 {
 public:
@@ -22,7 +24,7 @@ public:
 private:
     std::vector<Finding>* to_;
     bool all_;
-    std::unordered_map<std::string, std::size_t> kept_;  // by block and code: the place of the one that is kept
+    std::unordered_map<std::string, std::size_t> kept_;  // the place of the one that is kept
 };
 
 }  // namespace check

@@ -37,7 +37,7 @@ struct Finding {
     std::string read_as;  // what the converter reads instead; empty where that is not the point
     std::string message;
     bool mended_by_prepare = false;
-    std::size_t block = 0;       // which block of the deck: findings of one code in one block are folded
+    std::size_t block = 0;       // which block of the deck: those of one code and severity are folded
     std::size_t file_order = 0;  // of its file in the order of the deck
     std::size_t others = 0;      // further ones of this code in this block that were not kept
 };

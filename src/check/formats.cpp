@@ -3,6 +3,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <tuple>
 
 #include "reader/run.h"
 
@@ -153,14 +154,15 @@ std::string totals_line(const Result& result)
 
 void write_text(std::ostream& stream, const Result& result, const TextOptions& options)
 {
-    using Key = std::pair<std::size_t, std::string_view>;  // block and code
+    using Key = std::tuple<std::size_t, std::string_view, Severity>;  // block, code
     std::map<Key, std::size_t> further;
     if (!options.all)
-        for (const Finding& found : result.findings) further[{found.block, found.code}] += 1 + found.others;
+        for (const Finding& found : result.findings)
+            further[{found.block, found.code, found.severity}] += 1 + found.others;
     for (const Finding& found : result.findings) {
         std::size_t others = 0;
         if (!options.all) {
-            std::size_t& count = further[{found.block, found.code}];
+            std::size_t& count = further[{found.block, found.code, found.severity}];
             if (count == 0) continue;  // told with the first of them
             others = count - 1;
             count = 0;

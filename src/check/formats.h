@@ -10,7 +10,7 @@ namespace check
 {
 
 struct TextOptions {
-    bool all = false;     // each finding; otherwise one for each code and block, with the number of the others
+    bool all = false;     // each finding; otherwise one for each code, severity and block
     bool colour = false;  // of severities, for terminals
 };
 

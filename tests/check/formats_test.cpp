@@ -55,6 +55,16 @@ TEST(FindingsAsText, FoldsACodeThatRepeatsInABlock)
                                          "2 errors, 1 warning, 0 notes; 1 kind of block not checked\n");
 }
 
+TEST(FindingsAsText, ErrorIsNotFoldedIntoANote)
+{
+    Result result;
+    result.findings = {at("MD112", 8, 1, 1), at("MD112", 9, 1, 1)};
+    result.findings[1].severity = deck::Severity::error;
+    EXPECT_EQ(as_text(result), "model.k:8:1: note: 0.5 is read as 0 [MD112]\n"
+                               "model.k:9:1: error: 0.5 is read as 0 [MD112]\n"
+                               "1 error, 0 warnings, 1 note\n");
+}
+
 TEST(FindingsAsText, ShowsEachFindingWhenAsked)
 {
     EXPECT_EQ(as_text(three_findings(), {.all = true}), "model.k:8:9: error: 0.5 is read as 0 [MD101]\n"
