@@ -177,8 +177,9 @@ private:
     bool last_newline_ = true;
     std::string last_keyword_;
 
-    std::vector<Finding> included_;                             // names that are not followed
-    std::vector<std::pair<std::string, std::size_t>> refused_;  // files and lines of names with a worse finding
+    using FileAndLine = std::pair<std::string, std::size_t>;
+    std::map<FileAndLine, Finding> included_;  // names that are not followed
+    std::set<FileAndLine> refused_;            // names with a worse finding
 };
 
 Going::Going(const std::filesystem::path& deck, State& state, bool second)
@@ -219,16 +220,13 @@ void Going::report(const deck::Problem& problem)
     const auto file = std::find_if(files.begin(), files.end(),
                                    [&](const deck::SourceFile& one) { return one.name == problem.place.file; });
     found.file_order = static_cast<std::size_t>(file - files.begin());
-    for (const Finding& name : included_)
-        if (name.place.file == problem.place.file && name.place.line == problem.place.line) {
-            found.keyword = name.keyword;
-            if (found.place.column == 0) {
-                found.place.column = name.place.column;
-                found.place.end_column = name.place.end_column;
-            }
-        }
+    const FileAndLine place{problem.place.file, problem.place.line};
+    if (const auto name = included_.find(place); name != included_.end()) {
+        found.keyword = name->second.keyword;
+        if (found.place.column == 0) found.place = name->second.place;
+    }
     if (problem.code == "MD122") state_->files_missing = true;
-    refused_.emplace_back(problem.place.file, problem.place.line);
+    refused_.insert(place);
     state_->findings.add(std::move(found));
 }
 
@@ -460,7 +458,8 @@ void Going::add_included(std::string_view code, const deck::IncludeName& name)
     if (code == "MD124") message += ", nor are its offsets and its transformation";
     Finding found = finding_at(at_, code, name.line, name.column - 1, name.end_column - 1, std::move(message));
     found.text = name.name;
-    included_.push_back(std::move(found));
+    const FileAndLine place{at_.file, name.line};
+    included_.try_emplace(place, std::move(found));
 }
 
 void Going::include_line(const deck::Line& line)
@@ -550,12 +549,8 @@ void Going::data_line(const deck::Line& line)
 // Names that are not followed, but for those of which something worse is told.
 void Going::settle_includes()
 {
-    for (Finding& found : included_) {
-        const bool refused = std::any_of(refused_.begin(), refused_.end(), [&](const auto& place) {
-            return place.first == found.place.file && place.second == found.place.line;
-        });
-        if (!refused) state_->findings.add(std::move(found));
-    }
+    for (auto& [place, found] : included_)
+        if (!refused_.contains(place)) state_->findings.add(std::move(found));
 }
 
 void Going::end_deck()
