@@ -303,7 +303,7 @@ bool CardRewriter::would_touch(std::size_t index) const
 }
 
 // In standard columns only the fields that are misread change.
-bool CardRewriter::touch_up(std::string_view line, bool read, bool all, Rewritten& to)
+bool CardRewriter::touch_up(std::string_view line, std::string_view blanks_for_tabs, bool read, bool all, Rewritten& to)
 {
     bool changed = false;
     for (std::size_t i = 0; i < fields_.size(); ++i) {
@@ -326,7 +326,7 @@ bool CardRewriter::touch_up(std::string_view line, bool read, bool all, Rewritte
             continue;
         }
         if (!changed) {
-            to.text = line;
+            to.text = blanks_for_tabs;
             if (to.code.empty()) to.code = code;
         }
         changed = true;
@@ -429,10 +429,9 @@ bool CardRewriter::rewrite(std::string_view line, const deck::CardLayout& layout
         if (tabs_matter) {
             to.code = "MD109";
             to.text = expanded;
-        } else if (expanded.size() != line.size()) {
-            return false;
         }
-        changed = touch_up(expanded, read, changes, to) || tabs_matter;
+        // behind the last character a tab is read as a part of its field
+        changed = touch_up(tabs_matter ? expanded : line, expanded, read, changes, to) || tabs_matter;
         if (tabs_matter && to.text.empty()) to.text = expanded;
     } else {
         changed = compose(expanded, card, read, style, to) && to.text != line;

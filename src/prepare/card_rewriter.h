@@ -75,7 +75,7 @@ private:
     [[nodiscard]] bool differs(std::size_t index, std::string_view line, std::size_t column) const;
     [[nodiscard]] bool seems_to_go_on(std::size_t index, std::string_view line) const;
     [[nodiscard]] bool would_touch(std::size_t index) const;
-    bool touch_up(std::string_view line, bool read, bool all, Rewritten& to);
+    bool touch_up(std::string_view line, std::string_view blanks_for_tabs, bool read, bool all, Rewritten& to);
     bool compose(std::string_view line, const deck::CardLayout& card, bool read, const CardStyle& style, Rewritten& to);
     void behind(std::string_view line, const deck::CardLayout& card, const CardStyle& style, Rewritten& to) const;
     const deck::CardLayout& with_all_columns(const deck::CardLayout& card);

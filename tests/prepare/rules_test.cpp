@@ -95,6 +95,13 @@ TEST(Cards, ReplaceTabsByBlanks)
               "*NODE\n       1             0.5             0.0             2.5\n");
 }
 
+TEST(Cards, LeaveATabBehindTheLastNumber)
+{
+    const std::string node = "*NODE\n       1             0.5\t\n";
+    EXPECT_EQ(block(node), node);
+    EXPECT_EQ(block("*NODE\n       1  0.5\t\n").substr(0, 30), "*NODE\n       1             0.5");
+}
+
 TEST(Cards, LeaveWordsAndTwoNumbersInAField)
 {
     const std::string nodes = "*NODE\n       1         0.5 0.7            left             0.0\n";
