@@ -254,14 +254,15 @@ void BlockWriter::write_card(const CardPlace& place, std::string_view text, std:
     output_->line(written);
 }
 
-void BlockWriter::solid_card(const CardPlace& place, std::string_view before, std::string_view text, std::size_t line)
+void BlockWriter::solid_card(const CardPlace& place, std::string_view before, std::string_view written,
+                             std::size_t line)
 {
     if (place.index == 0) {
-        joiner_.take_first(text, line);
+        joiner_.take_first(written, line);
         return;
     }
     const std::string first = joiner_.first();
-    const auto whole = joiner_.with_nodes(text);
+    const auto whole = joiner_.with_nodes(written);
     if (!whole) return;
     changed("MD110", joiner_.line(), first + "\n" + std::string(before), *whole, "a solid written on one line");
     output_->line(*whole);

@@ -38,15 +38,15 @@ private:
 
     void data(const deck::Line& line);
     void blank(const deck::Line& line);
-    bool drops(const deck::CardPlace& place) const;
-    bool waits(const deck::CardPlace& place) const;
+    [[nodiscard]] bool drops(const deck::CardPlace& place) const;
+    [[nodiscard]] bool waits(const deck::CardPlace& place) const;
     void settle_waiting(bool at_the_end);
     void card(std::string_view text, std::size_t line);
     void heading(const deck::CardPlace& place, std::string_view text, std::size_t line);
     void further_definition(std::size_t line);
     void option_card(const deck::CardPlace& place, std::string_view text, std::size_t line);
     void write_card(const deck::CardPlace& place, std::string_view text, std::size_t line);
-    void solid_card(const deck::CardPlace& place, std::string_view before, std::string_view text, std::size_t line);
+    void solid_card(const deck::CardPlace& place, std::string_view before, std::string_view written, std::size_t line);
     void missing_cards();
     void origin(std::size_t line);
     void changed(std::string_view code, std::size_t line, std::string_view before, std::string_view after,

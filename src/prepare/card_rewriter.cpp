@@ -336,8 +336,7 @@ bool CardRewriter::touch_up(std::string_view line, std::string_view blanks_for_t
 }
 
 // What stands behind the last field of a card whose columns change.
-void CardRewriter::behind(std::string_view line, const deck::CardLayout& card, const CardStyle& style,
-                          Rewritten& to) const
+void CardRewriter::behind(std::string_view line, const deck::CardLayout& card, const CardStyle& style, Rewritten& to)
 {
     const FieldText rest = deck::behind_fields(line, card, style.format, style.bulk);
     if (rest.text.empty()) return;

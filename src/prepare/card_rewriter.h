@@ -77,7 +77,7 @@ private:
     [[nodiscard]] bool would_touch(std::size_t index) const;
     bool touch_up(std::string_view line, std::string_view blanks_for_tabs, bool read, bool all, Rewritten& to);
     bool compose(std::string_view line, const deck::CardLayout& card, bool read, const CardStyle& style, Rewritten& to);
-    void behind(std::string_view line, const deck::CardLayout& card, const CardStyle& style, Rewritten& to) const;
+    static void behind(std::string_view line, const deck::CardLayout& card, const CardStyle& style, Rewritten& to);
     const deck::CardLayout& with_all_columns(const deck::CardLayout& card);
 
     struct Extended {

@@ -10,7 +10,6 @@ namespace
 {
 using deck::Format;
 using deck::FormatSuffix;
-using deck::Heading;
 using deck::Reads;
 
 constexpr std::size_t longest_keyword = 49;  // that the converter sees

@@ -191,8 +191,8 @@ public:
 private:
     // First going.
     void ask(deck::DeckReader& reader, const Form& form, std::size_t block);
-    void ask_card(Question& question, const Numbers& card, const deck::ContentChange& change);
-    void ask_general(Question& question, const Numbers& card, const deck::ContentChange& change);
+    static void ask_card(Question& question, const Numbers& card, const deck::ContentChange& change);
+    static void ask_general(Question& question, const Numbers& card, const deck::ContentChange& change);
     void take_boxes(deck::DeckReader& reader);
 
     // Second going.
