@@ -141,7 +141,6 @@ private:
     void note_in_main(std::size_t line, std::size_t column, const std::string& keyword, const std::string& message);
 
     State* state_;
-    bool second_;
     deck::DeckReader reader_;
     ConvertedBlock converted_;
     Meaning meaning_;
@@ -152,12 +151,7 @@ private:
     std::optional<deck::CardWalk> walk_;
     deck::GroupValues values_;
     std::size_t group_ = 0;
-    bool judged_ = false;     // its lines are held against what was read
-    bool first_line_ = true;  // no data line has been met
-    bool needs_values_ = false;
-    bool told_format_ = false;
     std::optional<deck::IncludeNames> names_;
-    bool transform_told_ = false;
     std::vector<deck::FieldText> fields_;
     std::string expanded_;  // the present line without its tabs
 
@@ -169,25 +163,32 @@ private:
     BlockNumber eater_ = no_block;                           // that has read the present line, which is a keyword line
     std::unordered_map<BlockNumber, std::string> keywords_;  // of converted blocks, while they can read others
     std::set<BlockNumber> explained_;                        // blocks whose misreading is told whole
-    bool joined_ = false;                                    // the next keyword line is joined to this block's
-    bool carriage_return_told_ = false;
-    bool end_met_ = false;
-    bool after_end_told_ = false;
     deck::Place last_line_;
-    bool last_newline_ = true;
     std::string last_keyword_;
 
     using FileAndLine = std::pair<std::string, std::size_t>;
     std::map<FileAndLine, Finding> included_;  // names that are not followed
     std::set<FileAndLine> refused_;            // names with a worse finding
+
+    bool second_;
+    bool judged_ = false;     // its lines are held against what was read
+    bool first_line_ = true;  // no data line has been met
+    bool needs_values_ = false;
+    bool told_format_ = false;  // the block is in another format, which its first data line tells
+    bool transform_told_ = false;
+    bool joined_ = false;  // the next keyword line is joined to this block's
+    bool carriage_return_told_ = false;
+    bool end_met_ = false;
+    bool after_end_told_ = false;
+    bool last_newline_ = true;
 };
 
 Going::Going(const std::filesystem::path& deck, State& state, bool second)
     : state_(&state),
-      second_(second),
       reader_(deck, [this](const deck::Problem& problem) { report(problem); }),
       converted_(state.reading, state.findings),
-      meaning_(state.references, second ? &state.findings : nullptr, state.definitions)
+      meaning_(state.references, second ? &state.findings : nullptr, state.definitions),
+      second_(second)
 {
 }
 
