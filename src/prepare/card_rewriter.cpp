@@ -23,6 +23,12 @@ bool is_number(Kind kind)
     return kind != Kind::text && kind != Kind::word;
 }
 
+// An integer that ends its field is complete; any other number may go on in the next one.
+bool may_go_on(Kind kind)
+{
+    return kind == Kind::real || kind == Kind::word;
+}
+
 std::string_view message_of(std::string_view code)
 {
     if (code == "MD101") return "a number moved to its field's last column";
@@ -193,7 +199,7 @@ void CardRewriter::join_across(std::size_t index)
 {
     const FieldText& field = fields_[index];
     const FieldText& next = fields_[index + 1];
-    if (field.field->kind != Kind::real || !is_number(next.field->kind)) return;  // an integer there is complete
+    if (!may_go_on(field.field->kind) || !is_number(next.field->kind)) return;
     if (field.text.size() < field.width || next.text.empty() || field.text.back() == ' ' || next.text.front() == ' ')
         return;
     if (field.text.front() != ' ' || !(is_digit(next.text.front()) || next.text.front() == '.')) return;
@@ -284,7 +290,7 @@ bool CardRewriter::seems_to_go_on(std::size_t index, std::string_view line) cons
     if (index == 0 || meanings_[index].value != 0 || fields_[index].text.empty()) return false;
     const FieldText& field = fields_[index];
     const std::string_view before = line.substr(fields_[index - 1].column, fields_[index - 1].width);
-    if (fields_[index - 1].field->kind != Kind::real || before.back() == ' ') return false;
+    if (!may_go_on(fields_[index - 1].field->kind) || before.back() == ' ') return false;
     if (!is_digit(field.text.front()) && field.text.front() != '.') return false;
     const std::string_view tail = field.text.substr(0, field.text.find(' '));
     if (tail.size() == field.width) return false;
@@ -297,7 +303,7 @@ bool CardRewriter::seems_to_go_on(std::size_t index, std::string_view line) cons
 bool CardRewriter::would_touch(std::size_t index) const
 {
     if (index + 1 >= fields_.size() || meanings_[index + 1].form != Form::none) return false;
-    if (fields_[index].field->kind != Kind::real) return false;
+    if (!may_go_on(fields_[index].field->kind)) return false;
     const std::string_view next = fields_[index + 1].text;
     return !next.empty() && (is_digit(next.front()) || next.front() == '.');
 }

@@ -33,6 +33,12 @@ TEST(Cards, LeaveAZeroWhereItIs)
     EXPECT_EQ(block(node), node);
 }
 
+TEST(Cards, MoveAZeroInWhichANumberSeemsToGoOn)
+{
+    EXPECT_EQ(block("*SECTION_SPH\n         10                  1.0\n"),
+              "*SECTION_SPH\n         1         0         1.0\n");
+}
+
 TEST(Cards, KeepWhatStandsBehindTheLastField)
 {
     EXPECT_EQ(block("*NODE\n       10.5                          0.0             2.5       0       0  a corner\n"),
