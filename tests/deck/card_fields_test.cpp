@@ -114,7 +114,8 @@ TEST(SplitCard, IdCardIsFreeWhenACommaEndsItsNumber)
 TEST(BehindFields, IsWhatTheLayoutDoesNotKnow)
 {
     const std::string card(80, ' ');
-    const FieldText behind = deck::behind_fields(card + "  9", first_card("*ELEMENT_SOLID"), Format::standard, true);
+    const std::string longer = card + "  9";
+    const FieldText behind = deck::behind_fields(longer, first_card("*ELEMENT_SOLID"), Format::standard, true);
     EXPECT_EQ(behind.text, "9");
     EXPECT_EQ(behind.column, 82u);
     EXPECT_EQ(deck::behind_fields(card + "   ", first_card("*ELEMENT_SOLID"), Format::standard, true).text, "");
