@@ -210,6 +210,9 @@ void CardRewriter::join_across(std::size_t index)
     const FieldNumber whole = deck::standard_number(joined);
     const FieldNumber behind = deck::standard_number(rest);
     if (whole.form == Form::none || behind.form == Form::none || behind.form == Form::empty) return;
+    const bool ends = index + 2 >= fields_.size() || fields_[index + 2].text.empty() || next.text.back() == ' ' ||
+                      fields_[index + 2].text.front() == ' ';
+    if (!ends) return;
     meanings_[index] = {whole.form, whole.value, joined, "MD107"};
     meanings_[index + 1] = {behind.form, behind.value, std::string(rest), "MD107"};
 }
@@ -284,10 +287,11 @@ bool CardRewriter::differs(std::size_t index, std::string_view line, std::size_t
     return !means_nothing || number.form == Form::none || number.value != 0;
 }
 
-// True for a zero that is read as one and stands where the number before it in the line seems to go on, as another one.
+// True for a number that is well where it is (a zero, or one that is not read), but for the number before it in the
+// line, which seems to go on in it as another one.
 bool CardRewriter::seems_to_go_on(std::size_t index, std::string_view line) const
 {
-    if (index == 0 || meanings_[index].value != 0 || fields_[index].text.empty()) return false;
+    if (index == 0 || fields_[index].text.empty() || meanings_[index].form == Form::none) return false;
     const FieldText& field = fields_[index];
     const std::string_view before = line.substr(fields_[index - 1].column, fields_[index - 1].width);
     if (!may_go_on(fields_[index - 1].field->kind) || before.back() == ' ') return false;
@@ -315,10 +319,9 @@ bool CardRewriter::touch_up(std::string_view line, std::string_view blanks_for_t
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         const FieldText& field = fields_[i];
         const bool counts = all || (read && field.field->converted);
-        if (!counts ||
-            !(differs(i, line, field.column) || seems_to_go_on(i, changed ? std::string_view(to.text) : line)) ||
-            would_touch(i))
-            continue;
+        const bool misread = counts && differs(i, line, field.column);
+        if (!misread && !(read && seems_to_go_on(i, changed ? std::string_view(to.text) : blanks_for_tabs))) continue;
+        if (would_touch(i)) continue;
         const Meaning& meaning = meanings_[i];
         const auto text = fitting(field.field->kind, meaning.form, meaning.value, meaning.text, field.width);
         std::string_view code = meaning.code;
