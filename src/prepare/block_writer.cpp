@@ -123,7 +123,7 @@ bool BlockWriter::drops(const CardPlace& place) const
         return false;
     if (place.card->occurs == Occurs::to_the_end) return true;
     if (form_->match.layout->groups != Groups::many || place.index != 0 || is_heading(place)) return false;
-    if (splits_ && place.group > 0) return false;
+    if (splits_ && place.group > 0 && place.first_of_group) return false;
     return style_.bulk || place.card->fields[0].names != deck::Names::nothing;
 }
 
