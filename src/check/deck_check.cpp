@@ -107,8 +107,7 @@ struct State {
 };
 
 // One going through the tree of files. The first judges and collects; the second only tells of identifiers.
-// There is one at a time: its fields stand by what they are about, not by size.
-class Going  // NOLINT(clang-analyzer-optin.performance.Padding)
+class Going
 {
 public:
     Going(const std::filesystem::path& deck, State& state, bool second);

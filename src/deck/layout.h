@@ -82,7 +82,7 @@ enum class Occurs : std::uint8_t {
 };
 
 // Its fields stand in the order in which the table gives them.
-struct CardLayout {         // NOLINT(clang-analyzer-optin.performance.Padding)
+struct CardLayout {
     std::string_view name;  // "1", "2", "a", "id", "title", "members"
     std::span<const Field> fields;
     Occurs occurs = Occurs::always;
