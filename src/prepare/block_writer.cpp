@@ -225,7 +225,11 @@ void BlockWriter::heading(const CardPlace& place, std::string_view text, std::si
 void BlockWriter::option_card(const CardPlace& place, std::string_view text, std::size_t line)
 {
     Rewritten ignored;
-    rewriter_.rewrite(text, *place.card, true, style_, walk_, ignored);
+    try {
+        rewriter_.rewrite(text, *place.card, true, style_, walk_, ignored);
+    } catch (const Undefined& undefined) {
+        stop_at(*reader_, file_number_, line, undefined);
+    }
     changed("MD208", line, text, "", "a card of an option taken out");
     report_("MD208", reader_->place(file_number_, line, 1), "what the option of the part says is not carried");
 }
@@ -243,8 +247,7 @@ void BlockWriter::write_card(const CardPlace& place, std::string_view text, std:
         try {
             if (rewriter_.rewrite(text, *layout, read, style_, walk_, rewritten_)) written = rewritten_.text;
         } catch (const Undefined& undefined) {
-            throw deck::Fault(
-                deck::problem_at(reader_->place(file_number_, line, undefined.column), "MD123", undefined.why));
+            stop_at(*reader_, file_number_, line, undefined);
         }
         for (const Trouble& found : rewritten_.troubles) trouble(found, line);
     }

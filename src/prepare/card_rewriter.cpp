@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "deck/fault.h"
 #include "deck/keyword_line.h"
 
 namespace prepare
@@ -408,6 +409,11 @@ const deck::CardLayout& CardRewriter::with_all_columns(const deck::CardLayout& c
     extended.card = card;
     extended.card.fields = extended.fields;
     return extended.card;
+}
+
+void stop_at(const deck::DeckReader& reader, deck::FileNumber file, std::size_t line, const Undefined& undefined)
+{
+    throw deck::Fault(deck::problem_at(reader.place(file, line, undefined.column), "MD123", undefined.why));
 }
 
 bool CardRewriter::rewrite(std::string_view line, const deck::CardLayout& layout_card, bool read,

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "deck/card_fields.h"
+#include "deck/deck_reader.h"
 #include "deck/field_number.h"
 #include "deck/layout.h"
 #include "deck/line_file.h"
@@ -45,6 +46,10 @@ struct Undefined {
     std::size_t column = 0;  // from 1
     std::string why;
 };
+
+// Throws it as a fault of the line that the card stands in.
+[[noreturn]] void stop_at(const deck::DeckReader& reader, deck::FileNumber file, std::size_t line,
+                          const Undefined& undefined);
 
 class CardRewriter
 {

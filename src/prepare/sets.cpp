@@ -304,8 +304,12 @@ void Model::ask(deck::DeckReader& reader, const Form& form, std::size_t block)
             question.number = shifted(card[0], change.offset(OffsetKind::set));
             deck::CardWalk walk(match);
             const CardStyle style{format, false, change.is_none() ? nullptr : &change};
-            question.first_card =
-                rewriter.rewrite(line.text, first, true, style, walk, rewritten) ? rewritten.text : line.text;
+            try {
+                question.first_card =
+                    rewriter.rewrite(line.text, first, true, style, walk, rewritten) ? rewritten.text : line.text;
+            } catch (const Undefined& undefined) {
+                stop_at(reader, line.file, line.number, undefined);
+            }
         } else {
             if (deck::trimmed(line.text).empty()) continue;
             card.take(line, form.way == Way::general ? general_card : numbers_card, format, false);

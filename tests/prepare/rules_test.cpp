@@ -138,6 +138,13 @@ TEST(Cards, StopAtAParameterThatIsNotDefined)
     }
 }
 
+TEST(Cards, StopAtAnUndefinedParameterInSetsAndOptionsToo)
+{
+    for (const char* deck : {"*SET_PART_COLUMN\n&sid\n*END\n", "*SET_NODE_GENERAL\n      &sid\nALL\n*END\n",
+                             "*PART_INERTIA\nbar\n         1         1         1\n      &x\n*END\n"})
+        EXPECT_THROW(prepared_text(deck), deck::Fault) << deck;
+}
+
 // ---- keyword lines -------------------------------------------------------------------------------------------------
 
 TEST(KeywordLines, AreCleaned)
