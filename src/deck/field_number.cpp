@@ -217,4 +217,13 @@ std::optional<std::int64_t> whole(double value)
     return static_cast<std::int64_t>(value);
 }
 
+std::int64_t saturated_sum(std::int64_t a, std::int64_t b)
+{
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+    if (b > 0 && a > most - b) return most;
+    if (b < 0 && a < least - b) return least;
+    return a + b;
+}
+
 }  // namespace deck

@@ -51,4 +51,7 @@ std::optional<std::string> with_exponent_letter(std::string_view text);
 // The integer that a number is, when it is whole and fits 64 bits.
 std::optional<std::int64_t> whole(double value);
 
+// The sum, or the nearest number that 64 bits hold.
+std::int64_t saturated_sum(std::int64_t a, std::int64_t b);
+
 }  // namespace deck

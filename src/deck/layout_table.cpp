@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "deck/layout.h"
+#include "reader/numbers.h"
 
 namespace deck
 {
@@ -194,7 +195,7 @@ constexpr CardLayout history_cards[] = {{"ids", eight_of<names>, Occurs::to_the_
 // What a side of a contact is, by sstyp or mstyp.
 Names contact_side(double type)
 {
-    switch (static_cast<int>(type)) {
+    switch (to_int(type)) {
     case 0:
         return Names::segment_set;
     case 1:
@@ -371,7 +372,7 @@ constexpr CardLayout velocity_cards[] = {
 
 Names generation_target(const GroupValues& values)
 {
-    switch (static_cast<int>(values.of(0, 1))) {
+    switch (to_int(values.of(0, 1))) {
     case 1:
         return Names::part_set;
     case 2:

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "deck/field_number.h"
+
 namespace deck
 {
 
@@ -123,7 +125,8 @@ bool ContentChange::is_none() const
 ContentChange combined(const ContentChange& inner, const ContentChange& outer)
 {
     ContentChange result;
-    for (std::size_t i = 0; i < offset_kinds; ++i) result.offsets[i] = inner.offsets[i] + outer.offsets[i];
+    for (std::size_t i = 0; i < offset_kinds; ++i)
+        result.offsets[i] = saturated_sum(inner.offsets[i], outer.offsets[i]);
     result.transformation = combined(inner.transformation, outer.transformation);
     return result;
 }

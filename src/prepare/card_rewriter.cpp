@@ -228,7 +228,8 @@ void CardRewriter::shift(const deck::ContentChange& change, const deck::CardWalk
         const auto whole = deck::whole(meaning.value);
         const std::int64_t offset = change.offset(offset_of(names));
         if (!whole || offset == 0) continue;
-        meaning = {Form::integer, static_cast<double>(*whole + offset), std::to_string(*whole + offset), "MD124"};
+        const std::int64_t shifted = deck::saturated_sum(*whole, offset);
+        meaning = {Form::integer, static_cast<double>(shifted), std::to_string(shifted), "MD124"};
     }
 }
 

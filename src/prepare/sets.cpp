@@ -144,7 +144,7 @@ private:
 std::int64_t shifted(double value, std::int64_t offset)
 {
     const std::int64_t id = deck::whole(value).value_or(0);
-    return id > 0 ? id + offset : 0;
+    return id > 0 ? deck::saturated_sum(id, offset) : 0;
 }
 
 // ---- what a set asks -----------------------------------------------------------------------------------------------
