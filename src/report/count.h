@@ -31,6 +31,8 @@ struct PartCount {
     double mass = 0;    // volume by density; of particles what they carry
     std::array<double, 3> centre{};  // of mass; of volume where there is no density
     bool has_density = false;
+    double density = 0;                 // of its material
+    std::array<double, 4> thickness{};  // of its section, at the corners of shells
 };
 
 enum class SetKind : std::uint8_t { node, part, segment, shell, solid, other };
