@@ -51,6 +51,7 @@ public:
     bool next_block();
     bool next_line(Line& line);
     bool has_line();
+    [[nodiscard]] std::size_t last_line() const { return stack_.back().lines.lines_read(); }
 
     Block block;
     std::vector<SourceFile> files;
@@ -332,6 +333,11 @@ const Block& DeckReader::block() const
 bool DeckReader::next_line(Line& line)
 {
     return tree_->next_line(line);
+}
+
+std::size_t DeckReader::last_line() const
+{
+    return tree_->last_line();
 }
 
 HeldBlock DeckReader::hold(std::size_t most)

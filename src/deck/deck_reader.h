@@ -94,6 +94,9 @@ public:
     // call of anything.
     bool next_line(Line& line);
 
+    // The number in its file of the last line that has been read of the present block.
+    [[nodiscard]] std::size_t last_line() const;
+
     // The present block with what has not been read of it, at most `most` lines.
     HeldBlock hold(std::size_t most = static_cast<std::size_t>(-1));
 

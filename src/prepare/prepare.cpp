@@ -49,6 +49,9 @@ public:
 
 private:
     void block();
+    bool is_taken_in();
+    void written_block();
+    void end_of_include_file();
     void carriage_returns(deck::FileNumber file);
     void other_block(const KeywordForm& form);
     void set_block(KeywordForm form, const SetList& list);
@@ -59,6 +62,8 @@ private:
     void end_of_deck();
     void keep_for_the_end(const KeywordForm& form);
     void write_kept();
+    void tell_origin(const deck::Block& head, Origin origin);
+    void lines_behind_end(bool main);
     void changed(std::string_view code, std::size_t line, std::string_view before, std::string_view after,
                  std::string_view message);
     void trouble(std::string_view code, deck::Place place, const std::string& message);
@@ -66,9 +71,13 @@ private:
     struct Kept {
         KeywordForm form;
         deck::HeldBlock block;
+        std::size_t number;
+        std::size_t last_line;
     };
 
     const Survey* survey_;
+    OriginReport origin_;
+    bool origins_;
     deck::DeckReader reader_;
     Output output_;
     BlockWriter writer_;
@@ -83,6 +92,8 @@ private:
 Preparing::Preparing(const std::filesystem::path& deck, const Survey& survey, std::ostream& stream,
                      const Options& options, const ChangeReport& report)
     : survey_(&survey),
+      origin_(options.origin),
+      origins_(options.origins),
       reader_(deck, [](const deck::Problem&) {}),  // sic: the survey has told them
       output_(stream, report),
       writer_(
@@ -154,16 +165,54 @@ void Preparing::keep_for_the_end(const KeywordForm& form)
 {
     const deck::Block& head = reader_.block();
     changed("MD204", head.line, head.keyword.text, "", "moved behind everything else");
-    kept_.push_back({form, reader_.hold()});
+    deck::HeldBlock held = reader_.hold();
+    kept_.push_back({form, std::move(held), blocks_, reader_.last_line()});
 }
 
 void Preparing::write_kept()
 {
     for (const Kept& kept : kept_) {
+        const std::size_t first = output_.lines() + (origins_ ? 2 : 1);
         writer_.keyword_line(kept.block.head, kept.form);
         for (const deck::HeldLine& line : kept.block.lines) output_.line(line.text);
+        tell_origin(kept.block.head, {.block = kept.number,
+                                      .last_line = kept.last_line,
+                                      .first_in_output = first,
+                                      .last_in_output = output_.lines()});
     }
     kept_.clear();
+}
+
+void Preparing::tell_origin(const deck::Block& head, Origin origin)
+{
+    if (!origin_ || head.keyword.name.empty()) return;
+    origin.file = reader_.file(head.file).name;
+    origin.line = head.line;
+    origin.keyword = head.keyword.name;
+    origin_(origin);
+}
+
+// The lines behind an *END: of the main deck comments and blank lines stay.
+void Preparing::lines_behind_end(bool main)
+{
+    deck::Block behind;  // what would be a block there
+    const auto end_behind = [&](std::size_t last_line) {
+        tell_origin(behind, {.block = blocks_, .last_line = last_line, .fate = Origin::Fate::behind_end});
+    };
+    for (deck::Line line; reader_.next_line(line);) {
+        if (origin_ && line.text.starts_with('*')) {
+            end_behind(line.number - 1);
+            behind.keyword = deck::read_keyword_line(line.text);
+            behind.file = line.file;
+            behind.line = line.number;
+        }
+        if (!main) continue;
+        if (deck::is_comment(line.text) || deck::trimmed(line.text).empty())
+            output_.line(line.text);
+        else
+            changed("MD113", line.number, line.text, "", "what stands behind *END taken away");
+    }
+    end_behind(reader_.last_line());
 }
 
 // *END of the main deck, and what stands behind it.
@@ -171,13 +220,10 @@ void Preparing::end_of_deck()
 {
     write_kept();
     const deck::Block& head = reader_.block();
+    const std::size_t first = output_.lines() + (origins_ ? 2 : 1);
     writer_.keyword_line(head, form_of(head, survey_->standard_deck));
-    for (deck::Line line; reader_.next_line(line);) {
-        if (deck::is_comment(line.text) || deck::trimmed(line.text).empty())
-            output_.line(line.text);
-        else
-            changed("MD113", line.number, line.text, "", "what stands behind *END taken away");
-    }
+    tell_origin(head, {.block = blocks_, .last_line = head.line, .first_in_output = first, .last_in_output = first});
+    lines_behind_end(true);
 }
 
 // ---- blocks --------------------------------------------------------------------------------------------------------
@@ -230,27 +276,14 @@ void Preparing::set_block(KeywordForm form, const SetList& list)
     for (const std::string& card : list.cards) output_.line(card);
 }
 
-void Preparing::block()
+// True when the block has done what it is for once the deck has been put together, and is taken out.
+bool Preparing::is_taken_in()
 {
     const deck::Block& head = reader_.block();
     const std::string& name = head.keyword.name;
     const bool included = head.file != 0;
-    ++blocks_;
-    troubles_of_block_.clear();
-    carriage_returns(head.file);
-    if (name.empty()) {
-        if (included)
-            comments_alone("MD121", "a line before the include file's first keyword taken away");
-        else
-            copy_lines();
-    } else if (head.ends_file && !included) {
-        end_of_deck();
-    } else if (head.ends_file || (name == "*KEYWORD" && included)) {
-        changed("MD121", head.line, head.keyword.text, "", "taken out of the include file");
-        if (head.ends_file)
-            for (deck::Line line; reader_.next_line(line);) {}
-        else
-            comments_alone("MD121", "taken out of the include file");
+    if (name == "*KEYWORD" && included) {
+        taken_out("MD121", "taken out of the include file");
     } else if (head.include == IncludeKind::files || head.include == IncludeKind::path) {
         taken_out("MD121", "the include file's content stands in its place");
     } else if (head.include == IncludeKind::transform) {
@@ -258,13 +291,58 @@ void Preparing::block()
     } else if (included && deck::is_of(name, "*PARAMETER") && name.find("_LOCAL") != std::string::npos) {
         taken_out("MD104", "parameters of the include file alone: their values stand in the fields");
     } else {
-        const KeywordForm form = form_of(head, survey_->standard_deck);
-        if (ends_boundary_pass(name) && blocks_ < survey_->last_of_boundary_pass)
-            keep_for_the_end(form);
-        else if (const auto list = lists_.find(blocks_); list != lists_.end())
-            set_block(form, list->second);
+        return false;
+    }
+    tell_origin(head, {.block = blocks_, .last_line = reader_.last_line(), .fate = Origin::Fate::taken_in});
+    return true;
+}
+
+void Preparing::end_of_include_file()
+{
+    const deck::Block& head = reader_.block();
+    changed("MD121", head.line, head.keyword.text, "", "taken out of the include file");
+    tell_origin(head, {.block = blocks_, .last_line = head.line, .fate = Origin::Fate::taken_in});
+    lines_behind_end(false);
+}
+
+void Preparing::written_block()
+{
+    const deck::Block& head = reader_.block();
+    const KeywordForm form = form_of(head, survey_->standard_deck);
+    if (ends_boundary_pass(head.keyword.name) && blocks_ < survey_->last_of_boundary_pass) {
+        keep_for_the_end(form);
+        return;
+    }
+    const std::size_t first = output_.lines() + (origins_ ? 2 : 1);
+    if (const auto list = lists_.find(blocks_); list != lists_.end())
+        set_block(form, list->second);
+    else
+        other_block(form);
+    tell_origin(head, {.block = blocks_,
+                       .last_line = reader_.last_line(),
+                       .first_in_output = first,
+                       .last_in_output = output_.lines()});
+}
+
+void Preparing::block()
+{
+    const deck::Block& head = reader_.block();
+    const bool included = head.file != 0;
+    ++blocks_;
+    troubles_of_block_.clear();
+    carriage_returns(head.file);
+    if (head.keyword.name.empty()) {
+        if (included)
+            comments_alone("MD121", "a line before the include file's first keyword taken away");
         else
-            other_block(form);
+            copy_lines();
+    } else if (head.ends_file) {
+        if (included)
+            end_of_include_file();
+        else
+            end_of_deck();
+    } else if (!is_taken_in()) {
+        written_block();
     }
 }
 

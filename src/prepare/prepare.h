@@ -4,10 +4,14 @@
 //     preparation.write(stream, {});
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,8 +22,31 @@
 namespace prepare
 {
 
+// Where a keyword line of the deck, or of a file that it includes, has gone with its block.
+struct Origin {
+    enum class Fate : std::uint8_t {
+        written,    // it stands in the prepared deck; a further definition may have a keyword line of its own there
+        taken_in,   // nothing of it does but comments: it has done what it is for
+        behind_end  // it stood behind its file's *END
+    };
+
+    std::size_t block = 0;  // from 1, in the order of the deck; all that is behind one *END has its number
+    std::string_view file;  // as findings show it
+    std::size_t line = 0;   // in that file, first and last
+    std::size_t last_line = 0;
+    std::string_view keyword;  // upper case, without what stands behind it
+    Fate fate = Fate::written;
+    std::size_t first_in_output = 0;  // lines of the prepared deck, first and last, both 0 unless it is written;
+    std::size_t last_in_output = 0;   // a comment that names the origin (Options::origins) comes before the first
+};
+
+// Is told of each keyword line once; of a block that is moved to the end when it is written there. The views last as
+// long as the call.
+using OriginReport = std::function<void(const Origin&)>;
+
 struct Options {
     bool origins = false;  // "$ from FILE:LINE" before each keyword line
+    OriginReport origin = {};
 };
 
 struct Summary {

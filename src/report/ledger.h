@@ -73,6 +73,8 @@ struct Ledger {
     std::vector<File> files;
     std::vector<Block> blocks;             // in the order in which they are read, include files in place
     std::vector<check::Finding> findings;  // of the converted deck, then what preparing could not carry
+    std::size_t findings_of_converted = 0;  // how many are of the converted deck, with places in it; the others have
+                                            // places in the user's files
     Count in;                              // counted from the deck that was converted
     Count out;                             // counted again from the written files
 };
@@ -80,7 +82,7 @@ struct Ledger {
 enum class Verdict : std::uint8_t { whole, with_losses, not_usable };
 
 // Not usable: no main deck or no geometry, or the counts of both sides differ. With losses: an error, a warning, or a
-// block that was skipped, passed over or not known and is no note.
+// block that was skipped, passed over or not known, unless all that is said of it are notes.
 Verdict verdict(const Ledger& ledger);
 
 // Blocks by outcome, in the order of the outcomes, and how many there are.
@@ -90,7 +92,10 @@ struct Totals {
 };
 Totals totals(const Ledger& ledger);
 
-// The ledger as JSON ("schema": 1), the same bytes on every machine.
+// True when what the block says is missing in the solver's deck, and nobody has called that harmless.
+bool is_lost(const Ledger& ledger, const Block& block);
+
+// The ledger as JSON ("schema": 1), the same bytes on every machine; a line for each file, finding and block.
 void write_json(std::ostream& stream, const Ledger& ledger);
 
 }  // namespace report
