@@ -30,11 +30,11 @@ struct Origin {
         behind_end  // it stood behind its file's *END
     };
 
-    std::size_t block = 0;  // from 1, in the order of the deck; all that is behind one *END has its number
-    std::string_view file;  // as findings show it
-    std::size_t line = 0;   // in that file, first and last
+    std::size_t block = 0;    // from 1, in the order of the deck; all that is behind one *END has its number
+    std::string_view file{};  // as findings show it
+    std::size_t line = 0;     // in that file, first and last
     std::size_t last_line = 0;
-    std::string_view keyword;  // upper case, without what stands behind it
+    std::string_view keyword{};  // upper case, without what stands behind it
     Fate fate = Fate::written;
     std::size_t first_in_output = 0;  // lines of the prepared deck, first and last, both 0 unless it is written;
     std::size_t last_in_output = 0;   // a comment that names the origin (Options::origins) comes before the first

@@ -24,7 +24,9 @@ const char* name_of(std::size_t output)
 }
 }  // namespace
 
-Account::Account() : pass_ends_(check::passes().size()) {}
+Account::Account() : pass_ends_(check::passes().size())
+{
+}
 
 BlockNumber Account::last_of(std::string_view procedure) const
 {

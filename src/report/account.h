@@ -35,8 +35,8 @@ class Account final : public Observer
 {
 public:
     struct Block {
-        Position begin = 0;     // of its keyword line, in the deck
-        bool reached = false;   // by any pass
+        Position begin = 0;    // of its keyword line, in the deck
+        bool reached = false;  // by any pass
         bool converted = false;
         std::vector<std::string_view> procedures;  // that ran for it, each once
     };
@@ -50,7 +50,10 @@ public:
     // In the deck's order.
     [[nodiscard]] const std::vector<Block>& blocks() const { return blocks_; }
     // In the order in which they were written. A blast's lines are there twice: they name a set of another block.
-    [[nodiscard]] const std::vector<Part>& parts(Output output) const { return parts_[static_cast<std::size_t>(output)]; }
+    [[nodiscard]] const std::vector<Part>& parts(Output output) const
+    {
+        return parts_[static_cast<std::size_t>(output)];
+    }
     [[nodiscard]] const std::vector<Part>& log() const { return log_; }
     // The block for which the procedure ran last; no_block when it did not.
     [[nodiscard]] BlockNumber last_of(std::string_view procedure) const;
@@ -95,7 +98,7 @@ private:
     std::size_t pass_ = 0;
     BlockNumber loaded_ = no_block;  // the keyword line that was loaded last
     Position loaded_at_ = 0;
-    const PassRow* row_ = nullptr;  // that runs
+    const PassRow* row_ = nullptr;     // that runs
     BlockNumber segments_ = no_block;  // of the set that the blasts load
     Positions began_{};
 };

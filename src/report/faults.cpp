@@ -154,8 +154,7 @@ std::vector<std::pair<std::size_t, std::string>> keyword_lines(const fs::path& f
     std::vector<std::pair<std::size_t, std::string>> found;
     deck::LineFile lines(file);
     for (deck::Line line; lines.next(line);)
-        if (line.text.starts_with('*'))
-            found.emplace_back(lines.lines_read(), deck::read_keyword_line(line.text).name);
+        if (line.text.starts_with('*')) found.emplace_back(lines.lines_read(), deck::read_keyword_line(line.text).name);
     return found;
 }
 
@@ -244,9 +243,8 @@ std::vector<Auditor::Claim> Auditor::claims_of(const File& file)
     for (const Block& block : ledger_->blocks)
         for (const Lines& lines : block.output)
             if (lines.file == file.name) claims.push_back({lines.first, lines.last, &block});
-    std::sort(claims.begin(), claims.end(), [](const Claim& a, const Claim& b) {
-        return std::pair(a.first, a.last) < std::pair(b.first, b.last);
-    });
+    std::sort(claims.begin(), claims.end(),
+              [](const Claim& a, const Claim& b) { return std::pair(a.first, a.last) < std::pair(b.first, b.last); });
     return claims;
 }
 
@@ -298,7 +296,8 @@ void Auditor::check_output(const File& file, const std::string& fixed_text)
     for (std::string line; std::getline(stream, line);) {
         ++number;
         for (; next != claims.end() && next->first == number; ++next) {
-            const bool shared = is_shared_line(line) || (coverer != nullptr && is_blast(*coverer) && is_blast(*next->block));
+            const bool shared =
+                is_shared_line(line) || (coverer != nullptr && is_blast(*coverer) && is_blast(*next->block));
             if (covered >= number && !shared)
                 tell(name_of(*next->block) + " and " + name_of(*coverer) + " have the same line " +
                      std::to_string(number) + " of " + file.name);

@@ -71,12 +71,12 @@ struct Ledger {
     bool prepared = true;
     std::vector<std::pair<std::string, int>> settings;
     std::vector<File> files;
-    std::vector<Block> blocks;             // in the order in which they are read, include files in place
-    std::vector<check::Finding> findings;  // of the converted deck, then what preparing could not carry
+    std::vector<Block> blocks;              // in the order in which they are read, include files in place
+    std::vector<check::Finding> findings;   // of the converted deck, then what preparing could not carry
     std::size_t findings_of_converted = 0;  // how many are of the converted deck, with places in it; the others have
                                             // places in the user's files
-    Count in;                              // counted from the deck that was converted
-    Count out;                             // counted again from the written files
+    Count in;                               // counted from the deck that was converted
+    Count out;                              // counted again from the written files
 };
 
 enum class Verdict : std::uint8_t { whole, with_losses, not_usable };

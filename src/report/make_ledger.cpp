@@ -47,7 +47,8 @@ namespace
 // A keyword line of the converted deck.
 struct KeywordAt {
     std::size_t line = 0;
-    std::string text;  // what the converter keeps of it
+    std::string name;  // upper case, without what stands behind it
+    std::string text;  // what the converter keeps of the line
 };
 
 struct ConvertedDeck {
@@ -68,7 +69,7 @@ ConvertedDeck read_converted(const fs::path& file, const Account& account)
             if (!known && !blocks.empty()) throw deck::Fault(file.string() + ": it is not the deck that was converted");
             std::string kept(line.text.substr(0, longest_prefix));
             if (line.carriage_return && kept.size() < longest_prefix) kept += '\r';
-            deck.keywords.push_back({lines.lines_read(), std::move(kept)});
+            deck.keywords.push_back({lines.lines_read(), deck::read_keyword_line(line.text).name, std::move(kept)});
         }
         begin += line.text.size() + (line.carriage_return ? 1 : 0) + (line.newline ? 1 : 0);
     }
@@ -108,19 +109,19 @@ public:
         for (const Position end : account.pass_ends()) last_end_ = std::max(last_end_, end);
     }
 
-    Outcome of(BlockNumber number, const std::string& line, const Logged& logged, bool has_lines)
+    Outcome of(BlockNumber number, const KeywordAt& at, const Logged& logged, bool has_lines)
     {
         static const Account::Block none;
         const bool run = number < account_->blocks().size();
         const Account::Block& block = run ? account_->blocks()[number] : none;
-        const std::string name = deck::read_keyword_line(line).name;
+        const std::string& name = at.name;
         const bool behind = run && !block.reached && block.begin > last_end_;
         if (behind) return Outcome::after_the_end;
         if (frames(name)) return Outcome::converted;
         if (is_for_preparing(name)) return prepared_ ? Outcome::converted : Outcome::not_known;
         if (deck::is_of(name, "*COMMENT")) return Outcome::passed_over;
         if (block.converted) return of_converted(block, logged, has_lines);
-        const check::Expectation& expectation = expectations_.of(line);
+        const check::Expectation& expectation = expectations_.of(at.text);
         switch (expectation.outcome) {
         case check::Outcome::passed_over:
         case check::Outcome::none:
@@ -252,7 +253,7 @@ void Maker::blocks_of_deck()
         block.line = block.prepared_line = deck_.keywords[i].line;
         block.last_line = block.prepared_last_line =
             i + 1 < deck_.keywords.size() ? deck_.keywords[i + 1].line - 1 : deck_.lines;
-        block.keyword = deck::read_keyword_line(deck_.keywords[i].text).name;
+        block.keyword = deck_.keywords[i].name;
         ledger_.blocks.push_back(std::move(block));
     }
 }
@@ -281,7 +282,7 @@ void Maker::fill(Block& block, Judge& judge)
     for (auto at = first; at != deck_.keywords.end() && at->line <= block.prepared_last_line; ++at) {
         const auto number = static_cast<BlockNumber>(at - deck_.keywords.begin());
         Logged& logged = logged_[number];
-        block.outcome = better(block.outcome, judge.of(number, at->text, logged, !lines_[number].empty()));
+        block.outcome = better(block.outcome, judge.of(number, *at, logged, !lines_[number].empty()));
         add_lines(block, number);
         std::move(logged.unused.begin(), logged.unused.end(), std::back_inserter(block.unused));
         std::move(logged.replaced.begin(), logged.replaced.end(), std::back_inserter(block.replaced));
@@ -293,6 +294,7 @@ void Maker::fill(Block& block, Judge& judge)
     for (const std::string_view procedure : procedures)
         block.procedure.append(block.procedure.empty() ? "" : ", ").append(procedure);
     if (ledger_.prepared && is_for_preparing(block.keyword)) block.procedure = "prepare";
+    if (block.outcome != Outcome::converted) block.output.clear();  // a set that a blast names, but no load of its own
     std::stable_sort(block.output.begin(), block.output.end(), [this](const Lines& one, const Lines& other) {
         const auto place = [this](const std::string& file) {
             std::size_t i = 0;
