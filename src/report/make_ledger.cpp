@@ -1,10 +1,10 @@
 #include "report/make_ledger.h"
 
 #include <algorithm>
+#include <future>
 #include <map>
 #include <set>
 #include <string_view>
-#include <system_error>
 
 #include "check/check.h"
 #include "check/passes.h"
@@ -194,8 +194,8 @@ private:
     void add_lines(Block& block, BlockNumber number);
     void add_findings();
     void add_not_carried();
-    void add_files();
-    void add_file(const fs::path& path, std::string name, std::string role);
+    [[nodiscard]] std::vector<File> files_without_sums() const;
+    [[nodiscard]] fs::path path_of(const File& file) const;
     void attach(std::size_t finding, Block& block);
 
     const Account* account_;
@@ -364,38 +364,48 @@ void Maker::add_not_carried()
 
 // ---- files ---------------------------------------------------------------------------------------------------------
 
-void Maker::add_file(const fs::path& path, std::string name, std::string role)
-{
-    std::error_code failed;
-    const auto size = fs::file_size(path, failed);
-    if (failed) throw deck::Fault(path.string() + ": " + failed.message());
-    ledger_.files.push_back({std::move(name), std::move(role), size, sha256_of_file(path)});
-}
-
-void Maker::add_files()
+std::vector<File> Maker::files_without_sums() const
 {
     const Conversion& of = *conversion_;
-    add_file(of.deck, of.deck.filename().string(), "deck");
+    std::vector<File> files = {{of.deck.filename().string(), "deck", 0, {}}};
     if (of.sources != nullptr) {
         std::set<std::string_view> known;
         for (std::size_t i = 1; i < of.sources->size(); ++i)
             if (const deck::SourceFile& source = (*of.sources)[i]; known.insert(source.name).second)
-                add_file(source.path, source.name, "include file");
+                files.push_back({source.name, "include file", 0, {}});
     }
-    if (ledger_.prepared) add_file(of.folder / of.name, of.name, "prepared deck");
-    add_file(of.folder / control_file_name, control_file_name, "control file");
+    if (ledger_.prepared) files.push_back({of.name, "prepared deck", 0, {}});
+    files.push_back({control_file_name, "control file", 0, {}});
     constexpr const char* roles[] = {"main deck", "geometry", "sets", "accelerometers"};
     for (std::size_t i = 0; i < output_count; ++i)
         if (const std::string& name = account_->name(static_cast<Output>(i)); !name.empty())
-            add_file(of.folder / name, name, roles[i]);
-    add_file(of.folder / keyword_copy_name, keyword_copy_name, "keyword copy");
-    add_file(of.folder / debug_file_name, debug_file_name, "debug log");
+            files.push_back({name, roles[i], 0, {}});
+    files.push_back({keyword_copy_name, "keyword copy", 0, {}});
+    files.push_back({debug_file_name, "debug log", 0, {}});
+    return files;
+}
+
+fs::path Maker::path_of(const File& file) const
+{
+    if (file.role == "deck") return conversion_->deck;
+    if (file.role != "include file") return conversion_->folder / file.name;
+    return std::find_if(conversion_->sources->begin(), conversion_->sources->end(),
+                        [&](const deck::SourceFile& source) { return source.name == file.name; })
+        ->path;
 }
 
 Ledger Maker::make()
 {
-    ledger_.deck = conversion_->deck.filename().string();
     ledger_.prepared = conversion_->origins != nullptr;
+    ledger_.files = files_without_sums();
+    // sums take as long as all else, and need nothing of it
+    std::future<void> sums = std::async([this] {
+        for (File& file : ledger_.files) {
+            const fs::path path = path_of(file);
+            file.sha256 = sha256_of_file(path, &file.size);
+        }
+    });
+    ledger_.deck = conversion_->deck.filename().string();
     for (std::size_t i = 0; i < control_flags.size(); ++i)
         ledger_.settings.emplace_back(control_flags[i].name, conversion_->settings.values[i]);
     collect_lines();
@@ -406,7 +416,7 @@ Ledger Maker::make()
     fill_blocks();
     add_findings();
     add_not_carried();
-    add_files();
+    sums.get();
     return std::move(ledger_);
 }
 }  // namespace

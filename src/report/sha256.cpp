@@ -97,15 +97,19 @@ std::string sha256_of(std::string_view bytes)
     return sum.digest();
 }
 
-std::string sha256_of_file(const std::filesystem::path& file)
+std::string sha256_of_file(const std::filesystem::path& file, std::uint64_t* size)
 {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) throw deck::Fault(file.string() + ": it cannot be read");
     Sha256 sum;
+    std::uint64_t read = 0;
     std::vector<char> piece(1 << 16);
-    while (stream.read(piece.data(), static_cast<std::streamsize>(piece.size())) || stream.gcount() > 0)
+    while (stream.read(piece.data(), static_cast<std::streamsize>(piece.size())) || stream.gcount() > 0) {
         sum.add({piece.data(), static_cast<std::size_t>(stream.gcount())});
+        read += static_cast<std::uint64_t>(stream.gcount());
+    }
     if (stream.bad()) throw deck::Fault(file.string() + ": it cannot be read");
+    if (size != nullptr) *size = read;
     return sum.digest();
 }
 

@@ -33,7 +33,7 @@ private:
 
 std::string sha256_of(std::string_view bytes);
 
-// Throws deck::Fault when the file cannot be read.
-std::string sha256_of_file(const std::filesystem::path& file);
+// And the size of the file, where it is asked for. Throws deck::Fault when the file cannot be read.
+std::string sha256_of_file(const std::filesystem::path& file, std::uint64_t* size = nullptr);
 
 }  // namespace report
