@@ -54,10 +54,8 @@ class Size
 public:
     std::size_t bytes = 0;
 
-    void reals(std::string_view /*name*/, const std::vector<float>& numbers)
-    {
-        bytes += sizeof(float) * numbers.size();
-    }
+    // Positions come last, and their number is known before.
+    void reals(std::string_view /*name*/, const std::vector<float>& /*numbers*/) {}
 
     template <class NumberAt>
     void whole(std::string_view name, std::size_t apart, std::size_t count, const NumberAt& number_at)
@@ -217,7 +215,7 @@ std::size_t mesh_size(const Surface& surface)
 {
     Size size;
     each_array(surface, size);
-    return size.bytes;
+    return size.bytes + 3 * sizeof(float) * surface.node_numbers.size();
 }
 
 void write_mesh_data(std::ostream& stream, const Surface& surface)

@@ -9,7 +9,7 @@
 namespace report
 {
 
-// Bytes of the arrays, before base64. Those of the members of sets do not count.
+// Bytes of the arrays, before base64. Positions count though they may not be known yet; members of sets do not.
 std::size_t mesh_size(const Surface& surface);
 
 // Writes script elements: "mesh", the header, which names the others, and one for each array. Real numbers are of

@@ -210,7 +210,7 @@ std::vector<std::int32_t> nodes_of(const Seen& seen)
     };
     for (const SeenElement& element : seen.elements) {
         each_face(element, [&](const Face& face) { nodes.insert(nodes.end(), face.begin(), face.end()); });
-        if (nodes.size() > 2 * settled + 1'000'000) settle();
+        if (nodes.size() > settled + settled / 4 + 500'000) settle();
     }
     for (const SeenParticle& particle : seen.particles) nodes.push_back(particle.node);
     settle();
@@ -265,19 +265,45 @@ void add_particles(Surface& surface, const Seen& seen)
     }
 }
 
-Surface laid_out(const Seen& seen)
+// Less than the bytes that all of this takes in a page, though not much less.
+std::size_t least_size(const Seen& seen, std::size_t nodes)
+{
+    constexpr std::size_t of_node = 3 * sizeof(float) + 1, of_solid = 9, of_shell = 1, of_face = 5, of_particle = 2;
+    std::size_t size = of_node * nodes + of_particle * seen.particles.size();
+    for (const SeenElement& element : seen.elements)
+        size +=
+            (element.shell ? of_shell : of_solid) + of_face * static_cast<std::size_t>(std::popcount(element.faces));
+    return size;
+}
+
+Surface laid_out(const Seen& seen, std::vector<std::int32_t> nodes)
 {
     Surface surface;
     surface.all_faces = seen.all_faces;
     surface.all_particles = seen.all_particles;
     surface.parts.resize(seen.parts.size());
     for (std::size_t i = 0; i < seen.parts.size(); ++i) surface.parts[i].id = seen.parts[i];
-    surface.node_numbers = nodes_of(seen);
-    surface.positions.resize(3 * surface.node_numbers.size());
+    surface.node_numbers = std::move(nodes);
     add_elements(surface, seen);
     add_faces(surface, seen);
     add_particles(surface, seen);
     return surface;
+}
+
+// Thinned until it is small enough. What is far too large is not laid out at all.
+Surface fitted(Seen& seen, std::size_t bytes)
+{
+    const auto share = [bytes](std::size_t size) { return static_cast<double>(bytes) / static_cast<double>(size); };
+    for (;;) {
+        std::vector<std::int32_t> nodes = nodes_of(seen);
+        std::size_t size = least_size(seen, nodes.size());
+        if (size <= bytes) {
+            Surface surface = laid_out(seen, std::move(nodes));
+            size = mesh_size(surface);
+            if (size <= bytes) return surface;
+        }
+        seen.thin(0.98 * share(size));
+    }
 }
 
 // ---- nodes, parts and sets -----------------------------------------------------------------------------------------
@@ -288,6 +314,7 @@ public:
     NodeReading(Surface& surface, std::size_t most_members)
         : surface_(&surface), most_members_(most_members), placed_(surface.node_numbers.size())
     {
+        surface.positions.resize(3 * surface.node_numbers.size());
     }
 
     void node(std::int64_t id, const std::array<double, 3>& at) override
@@ -449,12 +476,7 @@ Surface surface_of(const ReadModel& read, const SurfaceLimits& limits)
 {
     Seen seen = read_elements(read, limits);
     order_parts(seen);
-    Surface surface = laid_out(seen);
-    for (std::size_t size = mesh_size(surface); size > limits.bytes; size = mesh_size(surface)) {
-        surface = {};
-        seen.thin(0.98 * static_cast<double>(limits.bytes) / static_cast<double>(size));
-        surface = laid_out(seen);
-    }
+    Surface surface = fitted(seen, limits.bytes);
     seen = {};
     NodeReading reading(surface, limits.members);
     read(reading, {.nodes = true, .elements = false, .sets = true, .parts = true});
