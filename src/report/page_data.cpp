@@ -1,0 +1,384 @@
+#include "report/page_data.h"
+
+#include <algorithm>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <set>
+
+#include "check/formats.h"
+#include "deck/fault.h"
+#include "report/by_hand.h"
+#include "report/curves.h"
+#include "report/excerpts.h"
+#include "report/page_text.h"
+
+namespace report
+{
+namespace
+{
+using Json = nlohmann::ordered_json;
+
+// ---- the ledger ----------------------------------------------------------------------------------------------------
+
+// Texts that many rows share: a row has the number.
+class Names
+{
+public:
+    std::size_t number(const std::string& name)
+    {
+        const auto [place, added] = numbers_.try_emplace(name, list_.size());
+        if (added) {
+            list_.push_back(name);
+            bytes_ += name.size() + 3;
+        }
+        return place->second;
+    }
+    [[nodiscard]] std::size_t bytes() const { return bytes_; }
+    [[nodiscard]] Json json() const { return Json(list_); }
+
+private:
+    std::map<std::string, std::size_t> numbers_;
+    std::vector<std::string> list_;
+    std::size_t bytes_ = 0;
+};
+
+struct SharedNames {
+    Names files;
+    Names keywords;
+    Names procedures;
+    [[nodiscard]] std::size_t bytes() const { return files.bytes() + keywords.bytes() + procedures.bytes(); }
+};
+
+// A list's first elements.
+template <class List, class Make>
+Json first_of(const List& list, const Make& make)
+{
+    constexpr std::size_t most = 40;
+    Json some = Json::array();
+    for (std::size_t i = 0; i < std::min(list.size(), most); ++i) some.push_back(make(list[i]));
+    return some;
+}
+
+bool lost_something(const Block& block)
+{
+    return block.outcome != Outcome::converted || !block.findings.empty() || !block.unused.empty() ||
+           !block.replaced.empty();
+}
+
+// A row of a table, in the order in which the page's script takes it apart.
+Json block_row(std::size_t number, const Block& block, SharedNames& names)
+{
+    return Json::array(
+        {number, names.files.number(block.file), block.line, block.last_line, names.keywords.number(block.keyword),
+         names.procedures.number(block.procedure), static_cast<int>(block.outcome),
+         first_of(block.output,
+                  [&](const Lines& lines) {
+                      return Json::array({names.files.number(lines.file), lines.first, lines.last});
+                  }),
+         first_of(block.unused,
+                  [](const Unused& field) {
+                      return Json::array({field.field, field.value});
+                  }),
+         first_of(block.replaced,
+                  [](const Replaced& field) {
+                      return Json::array({field.field, field.value, field.by});
+                  }),
+         first_of(block.findings, [](std::size_t finding) { return Json(finding); }), block.prepared_line,
+         block.prepared_last_line, block.unused.size(), block.replaced.size(), block.findings.size()});
+}
+
+Json finding_row(std::size_t number, const check::Finding& found)
+{
+    return Json::array({number, static_cast<int>(found.severity), found.code, found.place.file, found.place.line,
+                        found.place.column, found.keyword, found.field, found.text, found.read_as, found.message,
+                        found.others});
+}
+
+// A row's text and what it costs.
+struct RowText {
+    std::string text;
+    std::size_t bytes = 0;
+};
+
+// Which of many rows fit: those that matter first, then the others, each in their order.
+template <class Row, class Matters>
+std::vector<std::pair<std::size_t, std::string>> rows_that_fit(std::size_t count, std::size_t room, const Row& row,
+                                                               const Matters& matters)
+{
+    std::vector<std::pair<std::size_t, std::string>> rows;
+    for (const bool important : {true, false})
+        for (std::size_t i = 0; i < count; ++i) {
+            if (matters(i) != important) continue;
+            auto [text, bytes] = row(i);
+            if (bytes > room) break;
+            room -= bytes;
+            rows.emplace_back(i, std::move(text));
+        }
+    std::sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    return rows;
+}
+
+void write_rows(std::ostream& stream, std::string_view name,
+                const std::vector<std::pair<std::size_t, std::string>>& rows)
+{
+    stream << ",\n\"" << name << "\": [";
+    bool first = true;
+    for (const auto& [number, text] : rows) {
+        stream << (first ? "\n" : ",\n") << text;
+        first = false;
+    }
+    stream << "]";
+}
+
+constexpr std::size_t most_parts = 5000;
+constexpr std::size_t most_sets = 5000;
+
+std::string_view word(SetKind kind)
+{
+    constexpr std::string_view words_of_kinds[] = {"node", "part", "segment", "shell", "solid", "other"};
+    return words_of_kinds[static_cast<std::size_t>(kind)];
+}
+
+Json json_of(const PartCount& part)
+{
+    return {
+        {"id", part.id},         {"title", part.title},   {"section", part.section},        {"material", part.material},
+        {"solids", part.solids}, {"shells", part.shells}, {"particles", part.particles},    {"volume", part.volume},
+        {"mass", part.mass},     {"centre", part.centre}, {"has_density", part.has_density}};
+}
+
+Json json_of(const Count& count)
+{
+    Json json = {{"nodes", count.nodes},
+                 {"solids", count.solids},
+                 {"shells", count.shells},
+                 {"particles", count.particles},
+                 {"box", count.box.empty ? Json() : Json::array({count.box.low, count.box.high})},
+                 {"smallest_edge", count.smallest_edge},
+                 {"smallest_edge_element", count.smallest_edge_element},
+                 {"all_parts", count.parts.size()},
+                 {"all_sets", count.sets.size()},
+                 {"parts", Json::array()},
+                 {"sets", Json::array()},
+                 {"worst", Json::array()}};
+    for (std::size_t i = 0; i < std::min(count.parts.size(), most_parts); ++i)
+        json["parts"].push_back(json_of(count.parts[i]));
+    for (std::size_t i = 0; i < std::min(count.sets.size(), most_sets); ++i) {
+        const SetCount& set = count.sets[i];
+        json["sets"].push_back(
+            {{"kind", word(set.kind)}, {"id", set.id}, {"title", set.title}, {"members", set.members}});
+    }
+    for (const BadElement& element : count.worst)
+        json["worst"].push_back({{"id", element.id}, {"part", element.part}, {"shape", element.shape}});
+    return json;
+}
+
+Json head_of(const Ledger& ledger)
+{
+    Json settings = Json::array();
+    for (const auto& [name, value] : ledger.settings) settings.push_back(Json::array({name, value}));
+    Json files = Json::array();
+    for (const File& file : ledger.files)
+        files.push_back({{"name", file.name}, {"role", file.role}, {"size", file.size}, {"sha256", file.sha256}});
+    Json codes = Json::object();
+    for (const check::Finding& found : ledger.findings)
+        if (const check::Code* const code = check::find_code(found.code); code != nullptr)
+            codes[found.code] = code->title;
+    const Totals sums = totals(ledger);
+    return {{"deck", ledger.deck},
+            {"codes", std::move(codes)},
+            {"prepared", ledger.prepared},
+            {"converted", converted_deck(ledger)},
+            {"main_deck", main_deck(ledger)},
+            {"verdict", static_cast<int>(verdict(ledger))},
+            {"settings", std::move(settings)},
+            {"files", std::move(files)},
+            {"all_blocks", sums.blocks},
+            {"by_outcome", sums.by_outcome},
+            {"all_findings", ledger.findings.size()},
+            {"findings_of_converted", ledger.findings_of_converted},
+            {"differences", differences(ledger.in, ledger.out)},
+            {"in", json_of(ledger.in)},
+            {"out", json_of(ledger.out)}};
+}
+
+// ---- details -------------------------------------------------------------------------------------------------------
+
+constexpr std::size_t first_lines = 12;
+constexpr std::size_t last_lines = 2;
+
+// The lines at both ends of a range.
+void want_ends(std::size_t first, std::size_t last, std::size_t owner, std::vector<WantedLines>& wanted)
+{
+    if (first == 0 || last < first) return;
+    const std::size_t head_end = std::min(last, first + first_lines - 1);
+    wanted.push_back({first, head_end, owner});
+    if (head_end < last) wanted.push_back({std::max(head_end + 1, last - last_lines + 1), last, owner});
+}
+
+std::size_t lines_shown(std::size_t first, std::size_t last)
+{
+    return first == 0 || last < first ? 0 : std::min(last - first + 1, first_lines + last_lines);
+}
+
+// The blocks whose cards and lines are shown, by what they will need: those that lost something first.
+std::vector<std::size_t> blocks_with_details(const Ledger& ledger, std::size_t room)
+{
+    constexpr std::size_t usual_line = 90;
+    std::vector<std::size_t> shown;
+    for (const bool important : {true, false})
+        for (std::size_t i = 0; i < ledger.blocks.size(); ++i) {
+            const Block& block = ledger.blocks[i];
+            if (lost_something(block) != important) continue;
+            std::size_t lines = lines_shown(block.prepared_line, block.prepared_last_line);
+            for (const Lines& range : block.output) lines += lines_shown(range.first, range.last);
+            if (lines * usual_line > room) continue;
+            room -= lines * usual_line;
+            shown.push_back(i);
+        }
+    std::sort(shown.begin(), shown.end());
+    return shown;
+}
+
+// Cards or lines of blocks: of each block a list of runs, each the number of its first line and its lines.
+class Excerpts
+{
+public:
+    Excerpts(const std::filesystem::path& folder, std::size_t& room) : folder_(folder), room_(room) {}
+
+    void read(const std::string& file, const std::vector<WantedLines>& wanted)
+    {
+        try {
+            read_lines(folder_ / file, wanted, [&](const WantedLines& range, std::size_t line, std::string text) {
+                take(file, range.owner, line, std::move(text));
+            });
+        } catch (const deck::Fault&) {
+            unreadable_.insert(file);
+        }
+    }
+
+    [[nodiscard]] const std::map<std::size_t, Json>& of_blocks() const { return of_blocks_; }
+    [[nodiscard]] const std::set<std::string>& unreadable() const { return unreadable_; }
+
+private:
+    // Of a block: [[file, first line, [text, ...]], ...].
+    void take(const std::string& file, std::size_t block, std::size_t line, std::string text)
+    {
+        constexpr std::size_t around = 4;  // quotes and a comma
+        if (text.size() + around > room_) return;
+        room_ -= text.size() + around;
+        Json& runs = of_blocks_.try_emplace(block, Json::array()).first->second;
+        const bool goes_on = !runs.empty() && runs.back()[0] == file &&
+                             runs.back()[1].get<std::size_t>() + runs.back()[2].size() == line;
+        if (!goes_on) runs.push_back(Json::array({file, line, Json::array()}));
+        runs.back()[2].push_back(std::move(text));
+    }
+
+    const std::filesystem::path& folder_;
+    std::size_t& room_;
+    std::map<std::size_t, Json> of_blocks_;
+    std::set<std::string> unreadable_;
+};
+
+void write_excerpts(std::ostream& stream, std::string_view name, const std::map<std::size_t, Json>& of_blocks)
+{
+    stream << "\"" << name << "\": {";
+    bool first = true;
+    for (const auto& [block, runs] : of_blocks) {
+        stream << (first ? "\n\"" : ",\n\"") << block << "\": " << in_script(runs);
+        first = false;
+    }
+    stream << "},\n";
+}
+
+Json json_of(const Curve& curve)
+{
+    return {{"block", curve.block}, {"id", curve.id},       {"title", curve.title},
+            {"x", curve.abscissas}, {"y", curve.ordinates}, {"points", curve.points}};
+}
+
+Json json_of(const ByHand& thing)
+{
+    Json written = Json::array();
+    for (const auto& [line, text] : thing.written) written.push_back(Json::array({line, text}));
+    return {{"topic", thing.topic},
+            {"text", thing.text},
+            {"findings", thing.findings},
+            {"blocks", thing.blocks},
+            {"all_blocks", thing.all_blocks},
+            {"written", std::move(written)},
+            {"all_written", thing.all_written}};
+}
+}  // namespace
+
+void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLimits& limits)
+{
+    constexpr std::size_t between = 2;  // a comma and a newline
+    SharedNames names;
+    const auto blocks = rows_that_fit(
+        ledger.blocks.size(), limits.blocks,
+        [&](std::size_t i) -> RowText {
+            const std::size_t before = names.bytes();
+            std::string text = in_script(block_row(i, ledger.blocks[i], names));
+            const std::size_t bytes = text.size() + between + names.bytes() - before;
+            return {std::move(text), bytes};
+        },
+        [&](std::size_t i) { return lost_something(ledger.blocks[i]); });
+    const auto findings = rows_that_fit(
+        ledger.findings.size(), limits.findings,
+        [&](std::size_t i) -> RowText {
+            std::string text = in_script(finding_row(i, ledger.findings[i]));
+            const std::size_t bytes = text.size() + between;
+            return {std::move(text), bytes};
+        },
+        [&](std::size_t i) { return ledger.findings[i].severity == deck::Severity::error; });
+
+    std::string head = in_script(head_of(ledger));
+    head.pop_back();  // the object goes on
+    stream << head << ",\n\"names\": "
+           << in_script({{"files", names.files.json()},
+                         {"keywords", names.keywords.json()},
+                         {"procedures", names.procedures.json()}});
+    write_rows(stream, "blocks", blocks);
+    write_rows(stream, "findings", findings);
+    stream << "}";
+}
+
+void write_details_data(std::ostream& stream, const Ledger& ledger, const std::filesystem::path& folder,
+                        const PageLimits& limits)
+{
+    std::size_t room = limits.details;
+    std::vector<WantedLines> cards;
+    std::map<std::string, std::vector<WantedLines>> lines;
+    for (const std::size_t i : blocks_with_details(ledger, room)) {
+        const Block& block = ledger.blocks[i];
+        want_ends(block.prepared_line, block.prepared_last_line, i, cards);
+        for (const Lines& range : block.output) want_ends(range.first, range.last, i, lines[range.file]);
+    }
+    Excerpts from_deck(folder, room);
+    if (!cards.empty()) from_deck.read(converted_deck(ledger), cards);
+    Excerpts from_outputs(folder, room);
+    for (const auto& [file, wanted] : lines) from_outputs.read(file, wanted);
+
+    std::set<std::string> unreadable = from_outputs.unreadable();
+    unreadable.insert(from_deck.unreadable().begin(), from_deck.unreadable().end());
+    Json curves = Json::array();
+    Json list = Json::array();
+    try {
+        for (const Curve& curve : read_curves(ledger, folder, limits.curve_points)) curves.push_back(json_of(curve));
+    } catch (const deck::Fault&) {
+        unreadable.insert(converted_deck(ledger));
+    }
+    try {
+        for (const ByHand& thing : by_hand(ledger, folder)) list.push_back(json_of(thing));
+    } catch (const deck::Fault&) {
+        unreadable.insert(main_deck(ledger));
+    }
+    stream << "{";
+    write_excerpts(stream, "cards", from_deck.of_blocks());
+    write_excerpts(stream, "lines", from_outputs.of_blocks());
+    stream << "\"curves\": " << in_script(curves) << ",\n\"by_hand\": " << in_script(list)
+           << ",\n\"unreadable\": " << in_script(unreadable) << "}";
+}
+}  // namespace report
