@@ -164,4 +164,40 @@ void IncludeTransformBlock::take_transformation(std::string_view text)
         change_.transformation = known->second.transformation;
 }
 
+OffsetKind offset_of(Names names)
+{
+    switch (names) {
+    case Names::node:
+    case Names::particle:
+        return OffsetKind::node;
+    case Names::element:
+    case Names::shell:
+    case Names::solid:
+        return OffsetKind::element;
+    case Names::part:
+        return OffsetKind::part;
+    case Names::material:
+    case Names::equation_of_state:
+    case Names::thermal_material:
+        return OffsetKind::material;
+    case Names::node_set:
+    case Names::part_set:
+    case Names::segment_set:
+    case Names::shell_set:
+    case Names::solid_set:
+        return OffsetKind::set;
+    case Names::curve:
+        return OffsetKind::curve;
+    case Names::box:
+    case Names::coordinate_system:
+    case Names::vector:
+        return OffsetKind::definition;
+    case Names::nothing:
+    case Names::section:
+    case Names::hourglass:
+        break;
+    }
+    return OffsetKind::other;
+}
+
 }  // namespace deck

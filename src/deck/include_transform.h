@@ -10,12 +10,16 @@
 
 #include "deck/card_format.h"
 #include "deck/include.h"
+#include "deck/layout.h"
 #include "deck/line_file.h"
 #include "deck/parameters.h"
 #include "deck/transformation.h"
 
 namespace deck
 {
+
+// Which of the offsets an identifier gets.
+OffsetKind offset_of(Names names);
 
 // A *DEFINE_TRANSFORMATION. `without_matrix` names the first step that has none here; empty when all have.
 struct DefinedTransformation {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "deck/fault.h"
+#include "deck/include_transform.h"
 #include "deck/keyword_line.h"
 
 namespace prepare
@@ -118,44 +119,6 @@ void put(std::string& line, std::size_t column, std::size_t width, std::string_v
     if (line.size() < column + width) line.resize(column + width, ' ');
     line.replace(column, width, std::string(width - text.size(), ' ').append(text));
 }
-
-deck::OffsetKind offset_of(deck::Names names)
-{
-    using deck::Names;
-    using deck::OffsetKind;
-    switch (names) {
-    case Names::node:
-    case Names::particle:
-        return OffsetKind::node;
-    case Names::element:
-    case Names::shell:
-    case Names::solid:
-        return OffsetKind::element;
-    case Names::part:
-        return OffsetKind::part;
-    case Names::material:
-    case Names::equation_of_state:
-    case Names::thermal_material:
-        return OffsetKind::material;
-    case Names::node_set:
-    case Names::part_set:
-    case Names::segment_set:
-    case Names::shell_set:
-    case Names::solid_set:
-        return OffsetKind::set;
-    case Names::curve:
-        return OffsetKind::curve;
-    case Names::box:
-    case Names::coordinate_system:
-    case Names::vector:
-        return OffsetKind::definition;
-    case Names::nothing:
-    case Names::section:
-    case Names::hourglass:
-        break;
-    }
-    return OffsetKind::other;
-}
 }  // namespace
 
 bool is_plainly_strict(std::string_view line, const deck::CardLayout& card)
@@ -226,7 +189,7 @@ void CardRewriter::shift(const deck::ContentChange& change, const deck::CardWalk
         Meaning& meaning = meanings_[i];
         if (names == deck::Names::nothing || !(meaning.value > 0)) continue;  // 0 names nothing
         const auto whole = deck::whole(meaning.value);
-        const std::int64_t offset = change.offset(offset_of(names));
+        const std::int64_t offset = change.offset(deck::offset_of(names));
         if (!whole || offset == 0) continue;
         const std::int64_t shifted = deck::saturated_sum(*whole, offset);
         meaning = {Form::integer, static_cast<double>(shifted), std::to_string(shifted), "MD124"};

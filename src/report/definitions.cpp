@@ -9,11 +9,13 @@ namespace report
 
 namespace
 {
-// Identifiers that are the same have the same name.
+// Identifiers that are the same have the same name; one that is left out is 0.
 std::string name_of(std::string_view identifier)
 {
+    identifier = deck::trimmed(identifier);
+    if (identifier.empty()) return "0";
     const std::optional<std::int64_t> number = whole_number(identifier);
-    return number ? std::to_string(*number) : std::string(deck::trimmed(identifier));
+    return number ? std::to_string(*number) : std::string(identifier);
 }
 }  // namespace
 
