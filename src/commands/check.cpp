@@ -1,15 +1,14 @@
 #include "check/check.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <memory>
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "check/formats.h"
 #include "commands/commands.h"
+#include "commands/settings.h"
 #include "commands/whole_file.h"
 #include "deck/fault.h"
 
@@ -40,22 +39,10 @@ bool is_terminal()
 #endif
 }
 
-// "lcflag=1"
-std::pair<std::string, int> setting(const std::string& text)
-{
-    const std::size_t equals = text.find('=');
-    int value = 0;
-    const char* const end = text.data() + text.size();
-    if (equals == std::string::npos || equals == 0 ||
-        std::from_chars(text.data() + equals + 1, end, value).ptr != end || equals + 1 == text.size())
-        throw CLI::ValidationError("--set", "\"" + text + "\" is no NAME=VALUE");
-    return {text.substr(0, equals), value};
-}
-
 int check_deck(const Arguments& arguments)
 {
     check::Options options;
-    for (const std::string& text : arguments.settings) options.settings.push_back(setting(text));
+    options.settings = settings_of(arguments.settings);
     options.all = arguments.all || arguments.format != "text";
     const check::Result result = check::check_deck(arguments.deck, options);
     if (!arguments.quiet)

@@ -21,6 +21,7 @@ int morvex_deck(int argc, char* argv[]);
 
 // Each adds its command to the program; when the arguments choose it, it runs and sets the status.
 void add_check(CLI::App& program, int& status);
+void add_convert(CLI::App& program, int& status);
 void add_explain(CLI::App& program, int& status);
 void add_prepare(CLI::App& program, int& status);
 

@@ -33,6 +33,7 @@ int morvex_deck(int argc, char* argv[])
     program.require_subcommand(1);
     int status = clean;
     add_check(program, status);
+    add_convert(program, status);
     add_explain(program, status);
     add_prepare(program, status);
     for (CLI::App* const command : program.get_subcommands({})) command->set_version_flag("--version", version());

@@ -9,9 +9,11 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "check/formats.h"
 #include "commands/commands.h"
+#include "commands/preparation.h"
 #include "commands/whole_file.h"
 #include "deck/fault.h"
 #include "reader/run.h"
@@ -148,25 +150,30 @@ bool tell_warnings(const prepare::Preparation& preparation)
 
 int prepare_deck(const Arguments& arguments)
 {
+    const prepare::Preparation preparation = preparation_of(arguments.deck);
+    refuse_to_overwrite(preparation, arguments.output);
+    refuse_to_overwrite(preparation, arguments.changes);
+    prepare::Summary summary;
+    if (arguments.changes.empty()) {
+        summary = write_deck(preparation, arguments, {});
+    } else {
+        write_whole(arguments.changes, [&](std::ostream& stream) {
+            ChangesFile changes(stream, arguments.deck);
+            summary = write_deck(preparation, arguments, [&](const prepare::Change& change) { changes.add(change); });
+            changes.finish(summary);
+        });
+    }
+    const bool warned = tell_warnings(preparation) && arguments.warnings_as_errors;
+    tell(summary);
+    return summary.not_carried.empty() && !warned ? clean : found;
+}
+}  // namespace
+
+prepare::Preparation preparation_of(const std::string& deck)
+{
     std::vector<deck::Problem> problems;
     try {
-        const prepare::Preparation preparation(arguments.deck, &problems);
-        refuse_to_overwrite(preparation, arguments.output);
-        refuse_to_overwrite(preparation, arguments.changes);
-        prepare::Summary summary;
-        if (arguments.changes.empty()) {
-            summary = write_deck(preparation, arguments, {});
-        } else {
-            write_whole(arguments.changes, [&](std::ostream& stream) {
-                ChangesFile changes(stream, arguments.deck);
-                summary =
-                    write_deck(preparation, arguments, [&](const prepare::Change& change) { changes.add(change); });
-                changes.finish(summary);
-            });
-        }
-        const bool warned = tell_warnings(preparation) && arguments.warnings_as_errors;
-        tell(summary);
-        return summary.not_carried.empty() && !warned ? clean : found;
+        return prepare::Preparation(deck, &problems);
     } catch (const deck::Fault&) {
         std::erase_if(problems, [](const deck::Problem& problem) { return !prepare::stops(problem); });
         if (problems.empty()) throw;
@@ -175,7 +182,6 @@ int prepare_deck(const Arguments& arguments)
         throw deck::Fault(problems.back());
     }
 }
-}  // namespace
 
 void add_prepare(CLI::App& program, int& status)
 {

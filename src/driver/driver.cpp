@@ -110,6 +110,19 @@ int end_without_deck(const std::string& name, const DeckFile& deck, bool name_fi
     return end_early(outputs);
 }
 
+// Creates the outputs that come behind the question about the main deck, and writes all of them.
+void write_outputs(const DeckFile& deck, Outputs& outputs)
+{
+    if (cardflag == 1) outputs.create(inpfile);
+    if (geomflag == 1) outputs.create(geomfile);
+    if (setflag == 1) outputs.create(setfile);
+    outputs.create(keyword_of);
+    convert_deck();
+    if (deck.changed()) report_fault(file_names.deck, "it changed while it was being read");
+    if (is_faulty(file_names.deck)) outputs.discard();
+    outputs.finish();
+}
+
 // From the open deck and log to the summary.
 int convert(const DeckFile& deck, Outputs& outputs)
 {
@@ -125,15 +138,8 @@ int convert(const DeckFile& deck, Outputs& outputs)
             outputs.discard();
             return fault_status();
         }
-        outputs.create(inpfile);
     }
-    if (geomflag == 1) outputs.create(geomfile);
-    if (setflag == 1) outputs.create(setfile);
-    outputs.create(keyword_of);
-    convert_deck();
-    if (deck.changed()) report_fault(file_names.deck, "it changed while it was being read");
-    if (is_faulty(file_names.deck)) outputs.discard();
-    outputs.finish();
+    write_outputs(deck, outputs);
     print_summary();
     return fault_status();
 }
@@ -170,6 +176,27 @@ int finish_standard_output(int status)
     return fault_status();
 }
 }  // namespace
+
+bool convert_here(const ControlFile& control)
+{
+    take_settings(control);
+    Outputs outputs;
+    DeckFile deck;
+    if (!set_file_names(control.sourcefile)) {
+        report_fault(control_file_name, "the name of the keyword deck is longer than 79 characters");
+        return false;
+    }
+    if (outputs.collide()) return false;
+    if (!deck.open()) {
+        report_fault(control.sourcefile, deck.failure());
+        return false;
+    }
+    outputs.create(outfile);
+    begin_conversion();
+    if (accelflag == 1) outputs.create(accelfile);
+    write_outputs(deck, outputs);
+    return fault_status() == 0;
+}
 
 int morvex(int argc, char* argv[])
 {

@@ -151,11 +151,17 @@ bool has_file(const Ledger& ledger, std::string_view role)
 }
 }  // namespace
 
+std::vector<std::string> disagreements(const Ledger& ledger)
+{
+    std::vector<std::string> all = differences(ledger.in, ledger.out, asked_for(ledger.settings));
+    all.insert(all.end(), ledger.faults.begin(), ledger.faults.end());
+    return all;
+}
+
 Verdict verdict(const Ledger& ledger)
 {
     const bool whole_files = has_file(ledger, "main deck") && has_file(ledger, "geometry");
-    if (!whole_files || !differences(ledger.in, ledger.out, asked_for(ledger.settings)).empty())
-        return Verdict::not_usable;
+    if (!whole_files || !disagreements(ledger).empty()) return Verdict::not_usable;
     const auto tells = [](const check::Finding& found) { return found.severity != deck::Severity::note; };
     const bool losses = std::any_of(ledger.findings.begin(), ledger.findings.end(), tells) ||
                         std::any_of(ledger.blocks.begin(), ledger.blocks.end(),
@@ -178,7 +184,7 @@ void write_json(std::ostream& stream, const Ledger& ledger)
     write_count(stream, ledger.in);
     stream << ",\n\"out\": ";
     write_count(stream, ledger.out);
-    stream << ",\n\"differences\": " << dump(differences(ledger.in, ledger.out, asked_for(ledger.settings)))
+    stream << ",\n\"differences\": " << dump(disagreements(ledger))
            << ",\n\"findings_of_converted\": " << ledger.findings_of_converted << ",\n\"findings\": ";
     write_array(stream, ledger.findings, [](const check::Finding& found) { return json_of(found); });
     stream << ",\n\"blocks\": ";

@@ -203,8 +203,7 @@ nlohmann::ordered_json header_of(const Surface& surface)
                                   {"id", set.id},
                                   {"first", set.first},
                                   {"count", set.count},
-                                  {"all", set.all},
-                                  {"laid", set.laid}});
+                                  {"all", set.all}});
     Header arrays;
     each_array(surface, arrays);
     header["arrays"] = std::move(arrays.arrays);

@@ -198,7 +198,7 @@ Json head_of(const Ledger& ledger)
             {"by_outcome", sums.by_outcome},
             {"all_findings", ledger.findings.size()},
             {"findings_of_converted", ledger.findings_of_converted},
-            {"differences", differences(ledger.in, ledger.out)},
+            {"differences", disagreements(ledger)},
             {"in", json_of(ledger.in)},
             {"out", json_of(ledger.out)}};
 }

@@ -1,0 +1,29 @@
+#include "commands/settings.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+
+namespace commands
+{
+namespace
+{
+std::pair<std::string, int> setting(const std::string& text)
+{
+    const std::size_t equals = text.find('=');
+    int value = 0;
+    const char* const end = text.data() + text.size();
+    if (equals == std::string::npos || equals == 0 ||
+        std::from_chars(text.data() + equals + 1, end, value).ptr != end || equals + 1 == text.size())
+        throw CLI::ValidationError("--set", "\"" + text + "\" is no NAME=VALUE");
+    return {text.substr(0, equals), value};
+}
+}  // namespace
+
+std::vector<std::pair<std::string, int>> settings_of(const std::vector<std::string>& texts)
+{
+    std::vector<std::pair<std::string, int>> settings;
+    for (const std::string& text : texts) settings.push_back(setting(text));
+    return settings;
+}
+
+}  // namespace commands
