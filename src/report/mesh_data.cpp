@@ -203,7 +203,8 @@ nlohmann::ordered_json header_of(const Surface& surface)
                                   {"id", set.id},
                                   {"first", set.first},
                                   {"count", set.count},
-                                  {"all", set.all}});
+                                  {"all", set.all},
+                                  {"laid", set.laid}});
     Header arrays;
     each_array(surface, arrays);
     header["arrays"] = std::move(arrays.arrays);

@@ -35,6 +35,7 @@ struct Surface {
         std::int64_t id = 0;
         std::size_t first = 0;  // in `members`
         std::size_t count = 0;
+        std::string laid{};   // the keyword that lays something upon it; empty of the set itself
         std::size_t all = 0;  // before those that are not seen were left out; segments count once
     };
 

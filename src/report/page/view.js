@@ -159,15 +159,26 @@ class View {
       event.preventDefault();
       this.find(number.value);
     }}, labelled('Element', number), make('button', {type: 'submit'}, 'Find'));
-    if (!this.header.sets.length) return form;
-    const sets = this.header.sets.map((set, place) => [String(place), this.setText(set)]);
-    const select = choice([['', 'none'], ...sets], value => this.markSet(value));
-    return make('span', {class: 'view-group'}, form, labelled('Mark', select));
+    return make('span', {class: 'view-group'}, form, this.header.sets.length ? labelled('Mark', this.setChoice()) : '');
+  }
+
+  // Sets, and behind them what lays conditions upon sets, nodes or parts.
+  setChoice() {
+    const select = choice([['', 'none']], value => this.markSet(value));
+    const group = (label, wanted) => {
+      const options = this.header.sets.map((set, place) => [set, place]).filter(([set]) => wanted(set))
+        .map(([set, place]) => make('option', {value: place}, this.setText(set)));
+      if (options.length) select.append(make('optgroup', {label}, ...options));
+    };
+    group('Sets', set => !set.laid);
+    group('Conditions, loads and contacts', set => set.laid);
+    return select;
   }
 
   setText(set) {
-    const name = set.title ? `${set.title} ` : '';
-    return set.id ? `${name}(${set.kind} set ${set.id})` : name.trim();
+    const what = set.id ? `${set.kind} set ${set.id}` : `${set.kind}s`;
+    const named = set.title ? `${what} ${set.title}` : what;
+    return set.laid ? `${set.laid}: ${named}` : named;
   }
 
   side() {
@@ -343,7 +354,7 @@ class View {
 
   markedText(set) {
     const seen = set.kind === 'segment' ? set.count / 4 : set.count;
-    return `${this.setText(set)}: ${countText(set.all, 'member', 'members')}, ${seen.toLocaleString('en')} on the surface`;
+    return `${this.setText(set)}: ${countText(set.all, 'member', 'members')}, ${seen.toLocaleString('en')} to be seen`;
   }
 
   // What of a set is drawn: nodes as points, all else as faces.
