@@ -29,11 +29,11 @@
 #include "reader/observer.h"
 #include "reader/run.h"
 #include "report/account.h"
+#include "report/conversion_surface.h"
 #include "report/counter.h"
 #include "report/ledger.h"
 #include "report/make_ledger.h"
 #include "report/page.h"
-#include "report/surface.h"
 
 namespace commands
 {
@@ -218,12 +218,9 @@ report::Ledger ledger_of(const Arguments& arguments, const OwnFolder& folder, co
     return ledger;
 }
 
-void write_report(const report::Ledger& ledger, const OwnFolder& folder, const std::string& name)
+void write_report(const report::Ledger& ledger, const OwnFolder& folder)
 {
-    const report::Surface surface =
-        report::surface_of([&](report::ModelVisitor& visitor, const report::Pieces& pieces) {
-            report::read_written(folder.path(), name, visitor, pieces);
-        });
+    const report::Surface surface = report::surface_of_conversion(folder.path(), ledger);
     write_whole(folder.path() / page_name,
                 [&](std::ostream& stream) { report::write_page(stream, ledger, surface, folder.path()); });
 }
@@ -245,7 +242,7 @@ int convert_deck(const Arguments& arguments)
     }
     ledger.faults = report::faults(ledger, folder.path(), arguments.deck);
     write_whole(folder.path() / ledger_name, [&](std::ostream& stream) { report::write_json(stream, ledger); });
-    write_report(ledger, folder, name);
+    write_report(ledger, folder);
     folder.put_in_place();
     tell(ledger, arguments.folder.empty() ? default_folder(deck) : fs::path(arguments.folder));
     if (arguments.open && !open_page(folder.place() / page_name))
