@@ -32,7 +32,7 @@ grep -q SOURCE_DATE_EPOCH <<<"$text" || fail "SOURCE_DATE_EPOCH is not in the pa
 # The options of the second program, where it was built.
 if [ -x "$program-deck" ]; then
     text=$(groff -man -ww -Tutf8 -P-cbou "${page%.1}-deck.1")
-    for command in check prepare explain; do
+    for command in check prepare convert explain; do
         help=$("$program-deck" "$command" --help) || continue
         for option in $(grep -o -- '^  -[-a-z,]*' <<<"$help" | tr -d ' ' | tr ',' '\n' | grep -v '^-h$'); do
             grep -q -- "^ *$option" <<<"$text" || fail "$option of $command is not in the page of morvex-deck"

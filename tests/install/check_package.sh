@@ -86,5 +86,8 @@ if [ -x "$build/morvex-deck" ]; then
     [ "$completed" = check ] || fail "completion of ch: $completed"
     "$other/usr/bin/morvex-deck" check "$doc/examples/taylor-bar/taylor.k" >"$work/checked" || fail "morvex-deck check"
     tail -1 "$work/checked" | grep -q "^0 errors, " || fail "morvex-deck check: $(tail -1 "$work/checked")"
+    [ -f "$other/usr/share/doc/morvex-deck/convert.md" ] || fail "the page about convert is missing"
+    "$other/usr/bin/morvex-deck" convert "$doc/examples/taylor-bar/taylor.k" -d "$work/converted" >/dev/null || [ $? = 1 ] || fail "convert"
+    grep -q "three.js" "$work/converted/report.html" || fail "the report has no view"
 fi
 echo "$(basename "$deb"): $tried examples, man page and completion are in order"

@@ -116,8 +116,7 @@ class Papers(unittest.TestCase):
     def test_each_command_of_the_pages_is_known_to_these_tests(self):
         commands = {
             "guide.md": ["cp -r /usr/share/doc", "mkdir mymodel", "morvex-deck check", "morvex-deck prepare",
-                         "morvex-look model.k", "morvex-look model.k",
-                         "grep skipped debug.morvex", "sed -E '/^\\*/s"],
+                         "morvex-deck convert", "morvex-look model.k", "morvex-look model.k", "grep skipped debug.morvex", "sed -E '/^\\*/s"],
             "scripting.md": ["morvex >morvex.out", "rm -f model.card; morvex", "cat >input.morvex", "SOURCE_DATE_EPOCH=",
                              "#!/usr/bin/env bash\n# convert-one", "find decks -name '*.k' -print0",
                              "#!/usr/bin/env bash\n#SBATCH", "find decks -name '*.k' -o"],
@@ -160,6 +159,16 @@ class Papers(unittest.TestCase):
         done = self.run_commands(command)
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertEqual(sorted(path.name for path in self.work.iterdir()), ["input.morvex", "model.k"])
+
+    def test_deck_convert_makes_the_folder_that_the_guide_names(self):
+        command = block("guide.md", "morvex-deck convert")
+        self.write("model.k", CLEAN)
+        self.assertIn(self.run_commands(command).returncode, (0, 1))
+        folder = self.work / "model-kestrune"
+        self.assertIn("<title>model.k: ", (folder / "report.html").read_text())
+        for name in ("input.morvex", "model.k", "model.card", "model.geom", "model.sets", "debug.morvex", "keywords.k",
+                     "ledger.json"):
+            self.assertTrue((folder / name).is_file(), name)
 
     def test_deck_prepare_mends_what_the_guide_says(self):
         command = block("guide.md", "morvex-deck prepare")
