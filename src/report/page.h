@@ -10,8 +10,8 @@
 namespace report
 {
 
-// Writes the page. Cards and lines are read from the files in `folder`: the deck that was converted and the outputs.
-void write_page(std::ostream& stream, const Ledger& ledger, const Surface& surface,
-                const std::filesystem::path& folder);
+// Writes the page, of at most 25 million bytes. Cards and lines are read from the files in `folder`: the deck that was
+// converted and the outputs.
+void write_page(std::ostream& to, const Ledger& ledger, const Surface& surface, const std::filesystem::path& folder);
 
 }  // namespace report

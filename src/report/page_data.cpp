@@ -52,9 +52,8 @@ struct SharedNames {
 
 // A list's first elements.
 template <class List, class Make>
-Json first_of(const List& list, const Make& make)
+Json first_of(const List& list, std::size_t most, const Make& make)
 {
-    constexpr std::size_t most = 40;
     Json some = Json::array();
     for (std::size_t i = 0; i < std::min(list.size(), most); ++i) some.push_back(make(list[i]));
     return some;
@@ -69,22 +68,23 @@ bool lost_something(const Block& block)
 // A row of a table, in the order in which the page's script takes it apart.
 Json block_row(std::size_t number, const Block& block, SharedNames& names)
 {
+    constexpr std::size_t most = 40;
     return Json::array(
         {number, names.files.number(block.file), block.line, block.last_line, names.keywords.number(block.keyword),
          names.procedures.number(block.procedure), static_cast<int>(block.outcome),
-         first_of(block.output,
+         first_of(block.output, most,
                   [&](const Lines& lines) {
                       return Json::array({names.files.number(lines.file), lines.first, lines.last});
                   }),
-         first_of(block.unused,
+         first_of(block.unused, most,
                   [](const Unused& field) {
                       return Json::array({field.field, field.value});
                   }),
-         first_of(block.replaced,
+         first_of(block.replaced, most,
                   [](const Replaced& field) {
                       return Json::array({field.field, field.value, field.by});
                   }),
-         first_of(block.findings, [](std::size_t finding) { return Json(finding); }), block.prepared_line,
+         first_of(block.findings, most, [](std::size_t finding) { return Json(finding); }), block.prepared_line,
          block.prepared_last_line, block.unused.size(), block.replaced.size(), block.findings.size()});
 }
 
@@ -131,9 +131,6 @@ void write_rows(std::ostream& stream, std::string_view name,
     stream << "]";
 }
 
-constexpr std::size_t most_parts = 5000;
-constexpr std::size_t most_sets = 5000;
-
 std::string_view word(SetKind kind)
 {
     constexpr std::string_view words_of_kinds[] = {"node", "part", "segment", "shell", "solid", "other"};
@@ -148,44 +145,49 @@ Json json_of(const PartCount& part)
         {"mass", part.mass},     {"centre", part.centre}, {"has_density", part.has_density}};
 }
 
-Json json_of(const Count& count)
+Json json_of(const SetCount& set)
 {
-    Json json = {{"nodes", count.nodes},
-                 {"solids", count.solids},
-                 {"shells", count.shells},
-                 {"particles", count.particles},
-                 {"box", count.box.empty ? Json() : Json::array({count.box.low, count.box.high})},
-                 {"smallest_edge", count.smallest_edge},
-                 {"smallest_edge_element", count.smallest_edge_element},
-                 {"all_parts", count.parts.size()},
-                 {"all_sets", count.sets.size()},
-                 {"parts", Json::array()},
-                 {"sets", Json::array()},
-                 {"worst", Json::array()}};
-    for (std::size_t i = 0; i < std::min(count.parts.size(), most_parts); ++i)
-        json["parts"].push_back(json_of(count.parts[i]));
-    for (std::size_t i = 0; i < std::min(count.sets.size(), most_sets); ++i) {
-        const SetCount& set = count.sets[i];
-        json["sets"].push_back(
-            {{"kind", word(set.kind)}, {"id", set.id}, {"title", set.title}, {"members", set.members}});
-    }
-    for (const BadElement& element : count.worst)
-        json["worst"].push_back({{"id", element.id}, {"part", element.part}, {"shape", element.shape}});
-    return json;
+    return {{"kind", word(set.kind)}, {"id", set.id}, {"title", set.title}, {"members", set.members}};
 }
 
-Json head_of(const Ledger& ledger)
+Json json_of(const BadElement& element)
+{
+    return {{"id", element.id}, {"part", element.part}, {"shape", element.shape}};
+}
+
+Json json_of(const File& file)
+{
+    return {{"name", file.name}, {"role", file.role}, {"size", file.size}, {"sha256", file.sha256}};
+}
+
+Json json_of(const Count& count, std::size_t most)
+{
+    const auto json = [](const auto& element) { return json_of(element); };
+    return {{"nodes", count.nodes},
+            {"solids", count.solids},
+            {"shells", count.shells},
+            {"particles", count.particles},
+            {"box", count.box.empty ? Json() : Json::array({count.box.low, count.box.high})},
+            {"smallest_edge", count.smallest_edge},
+            {"smallest_edge_element", count.smallest_edge_element},
+            {"all_parts", count.parts.size()},
+            {"all_sets", count.sets.size()},
+            {"parts", first_of(count.parts, most, json)},
+            {"sets", first_of(count.sets, most, json)},
+            {"worst", first_of(count.worst, most, json)}};
+}
+
+Json head_of(const Ledger& ledger, const PageLimits& limits)
 {
     Json settings = Json::array();
     for (const auto& [name, value] : ledger.settings) settings.push_back(Json::array({name, value}));
-    Json files = Json::array();
-    for (const File& file : ledger.files)
-        files.push_back({{"name", file.name}, {"role", file.role}, {"size", file.size}, {"sha256", file.sha256}});
     Json codes = Json::object();
     for (const check::Finding& found : ledger.findings)
         if (const check::Code* const code = check::find_code(found.code); code != nullptr)
             codes[found.code] = code->title;
     const Totals sums = totals(ledger);
+    const Asked asked = asked_for(ledger.settings);
+    const std::vector<std::string> differing = disagreements(ledger);
     return {{"deck", ledger.deck},
             {"codes", std::move(codes)},
             {"prepared", ledger.prepared},
@@ -193,14 +195,17 @@ Json head_of(const Ledger& ledger)
             {"main_deck", main_deck(ledger)},
             {"verdict", static_cast<int>(verdict(ledger))},
             {"settings", std::move(settings)},
-            {"files", std::move(files)},
+            {"files", first_of(ledger.files, limits.files, [](const File& file) { return json_of(file); })},
+            {"all_files", ledger.files.size()},
             {"all_blocks", sums.blocks},
             {"by_outcome", sums.by_outcome},
             {"all_findings", ledger.findings.size()},
             {"findings_of_converted", ledger.findings_of_converted},
-            {"differences", disagreements(ledger)},
-            {"in", json_of(ledger.in)},
-            {"out", json_of(ledger.out)}};
+            {"differences", first_of(differing, 200, [](const std::string& sentence) { return Json(sentence); })},
+            {"all_differences", differing.size()},
+            {"asked", {{"main_deck", asked.main_deck}, {"geometry", asked.geometry}, {"sets", asked.sets}}},
+            {"in", json_of(ledger.in, limits.parts)},
+            {"out", json_of(ledger.out, limits.parts)}};
 }
 
 // ---- details -------------------------------------------------------------------------------------------------------
@@ -265,9 +270,9 @@ private:
     // Of a block: [[file, first line, [text, ...]], ...].
     void take(const std::string& file, std::size_t block, std::size_t line, std::string text)
     {
-        constexpr std::size_t around = 4;  // quotes and a comma
-        if (text.size() + around > room_) return;
-        room_ -= text.size() + around;
+        const std::size_t bytes = in_script(text).size() + 1;
+        if (bytes > room_) return;
+        room_ -= bytes;
         Json& runs = of_blocks_.try_emplace(block, Json::array()).first->second;
         const bool goes_on = !runs.empty() && runs.back()[0] == file &&
                              runs.back()[1].get<std::size_t>() + runs.back()[2].size() == line;
@@ -312,6 +317,21 @@ Json json_of(const ByHand& thing)
 }
 }  // namespace
 
+PageLimits limits_within(std::size_t bytes)
+{
+    constexpr std::size_t of_a_point = 40;
+    constexpr std::size_t of_parts = 700;  // a part and a set, of both sides
+    constexpr std::size_t of_a_file = 200;
+    PageLimits limits;
+    limits.blocks = std::min(limits.blocks, bytes / 100 * 35);
+    limits.findings = std::min(limits.findings, bytes / 100 * 20);
+    limits.details = std::min(limits.details, bytes / 100 * 25);
+    limits.curve_points = std::min(limits.curve_points, bytes / 100 * 8 / of_a_point);
+    limits.parts = std::min(limits.parts, bytes / 100 * 10 / of_parts);
+    limits.files = std::min(limits.files, bytes / 100 * 2 / of_a_file);
+    return limits;
+}
+
 void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLimits& limits)
 {
     constexpr std::size_t between = 2;  // a comma and a newline
@@ -334,7 +354,7 @@ void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLim
         },
         [&](std::size_t i) { return ledger.findings[i].severity == deck::Severity::error; });
 
-    std::string head = in_script(head_of(ledger));
+    std::string head = in_script(head_of(ledger, limits));
     head.pop_back();  // the object goes on
     stream << head << ",\n\"names\": "
            << in_script({{"files", names.files.json()},

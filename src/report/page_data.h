@@ -10,13 +10,18 @@
 namespace report
 {
 
-// How much of a conversion the page takes in, in bytes. What is beyond is left out, and the page says so.
+// How much of a conversion the page takes in. What is beyond is left out, and the page says so.
 struct PageLimits {
-    std::size_t blocks = 5'000'000;
+    std::size_t blocks = 5'000'000;  // bytes
     std::size_t findings = 3'000'000;
     std::size_t details = 4'000'000;
-    std::size_t curve_points = 50'000;  // in number, of all curves together
+    std::size_t curve_points = 50'000;  // of all curves together
+    std::size_t parts = 5'000;          // and as many sets
+    std::size_t files = 1'000;
 };
+
+// Limits that keep all of it within so many bytes.
+PageLimits limits_within(std::size_t bytes);
 
 // The ledger: blocks in their order, findings, counts. Blocks that lost nothing are the first to be left out.
 void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLimits& limits);

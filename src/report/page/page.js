@@ -13,7 +13,7 @@
 
   const severities = ['note', 'warning', 'error'];
   const outcomes = [
-    {word: 'converted', sign: '✓', meaning: 'written, as far as the losses above go'},
+    {word: 'converted', sign: '✓', meaning: 'what was made of it is in the output'},
     {word: 'skipped', sign: '✕', meaning: 'known, and not converted'},
     {word: 'passed over', sign: '↷', meaning: 'never reached: its section is off, or it stands where nothing is read'},
     {word: 'not known', sign: '?', meaning: 'of no kind that the converter knows'},
@@ -135,7 +135,7 @@
         first.tabIndex = -1;
         first.focus();
       },
-    }, 'Show ' + counted(items.length - shown, 'further place', 'further places')));
+    }, 'Show ' + count(items.length - shown) + ' more'));
     list.append(more);
     return list;
   }
@@ -176,8 +176,7 @@
     total(ledger.all_blocks === 1 ? 'keyword block' : 'keyword blocks', ledger.all_blocks);
     outcomes.forEach((outcome, i) => { if (i === 0 || ledger.by_outcome[i] > 0) total(outcome.word, ledger.by_outcome[i]); });
     body.append(totals);
-    for (const sentence of ledger.differences)
-      body.append(el('p', {}, badge(2), ' ', sentence));
+    body.append(...differences());
     const errors = ledger.findings.filter((row) => row[1] === 2).map((row) => findings.get(row[0]));
     if (errors.length > 0) {
       body.append(el('h3', {}, counted(errors.length, 'error', 'errors')));
@@ -197,6 +196,16 @@
     const sameLines = block.lastLine - block.line === block.preparedLastLine - block.preparedLine;
     const inside = found.line >= block.preparedLine && found.line <= block.preparedLastLine;
     return block.file + ':' + (sameLines && inside ? block.line + found.line - block.preparedLine : block.line);
+  }
+
+  // What differs between the deck and the written files.
+  function differences() {
+    if (ledger.all_differences === 0) return [];
+    const list = el('ul', {class: 'groups'});
+    folded(list, 8, ledger.differences, (sentence) => el('li', {}, badge(2), ' ', el('span', {class: 'text'}, sentence)));
+    const rest = ledger.all_differences - ledger.differences.length;
+    return [el('h3', {}, counted(ledger.all_differences, 'difference', 'differences') + ' between the deck and what was written'), list,
+      ...(rest > 0 ? [el('p', {class: 'hint'}, 'and ' + count(rest) + ' more. ledger.json has all.')] : [])];
   }
 
   function findingPlace(found) {
@@ -326,7 +335,9 @@
     const container = byId('view');
     try {
       if (!byId('mesh')) throw new Error('there is no mesh in this page');
-      createView(container, readMesh());
+      const mesh = readMesh();
+      if (!mesh.header.all_faces && !mesh.header.all_particles) throw new Error('there are no elements to draw');
+      createView(container, mesh);
     } catch (error) {
       container.replaceChildren();
       byId('view-hint').textContent = '';
@@ -336,13 +347,14 @@
 
   // ---- numbers -----------------------------------------------------------------------------------------------------
 
-  // Written digits hold about six of a size and three of a density.
+  // Beyond what the written digits can hold: seven of a coordinate, four of a thickness or a density.
   const sizesDiffer = (a, b) => Math.abs(a - b) > 1e-5 * Math.max(Math.abs(a), Math.abs(b));
-  const massesDiffer = (a, b) => Math.abs(a - b) > 1e-3 * Math.max(Math.abs(a), Math.abs(b));
+  const massesDiffer = (a, b) => Math.abs(a - b) > 2e-3 * Math.max(Math.abs(a), Math.abs(b));
   const countsDiffer = (a, b) => a !== b;
 
-  // A value of both sides in one cell: once where they agree.
-  function both(a, b, show, differ) {
+  // A value of both sides in one cell: once where they agree, or where the settings did not ask for the other side.
+  function both(a, b, show, differ, asked) {
+    if (!asked) return {cell: el('td', {class: 'number'}, show(a)), differs: false};
     if (b === undefined) return {cell: el('td', {class: 'number'}, show(a), el('span', {class: 'written'}, 'not written')), differs: true};
     const differs = differ(a, b);
     return {cell: el('td', {class: 'number'}, show(a), differs && el('span', {class: 'written'}, 'written: ' + show(b))), differs};
@@ -357,21 +369,22 @@
     const out = ledger.out;
     const body = el('tbody');
     let differing = 0;
-    const row = (name, a, b, show, differ) => {
-      const differs = differ(a, b);
+    const row = (name, asked, a, b, show, differ) => {
+      const differs = asked && differ(a, b);
       if (differs) ++differing;
       body.append(el('tr', {class: differs ? 'differs' : null}, el('th', {scope: 'row'}, name),
-        el('td', {class: 'number'}, show(a)), el('td', {class: 'number'}, show(b)),
-        el('td', {class: differs ? 'differs-word' : 'same-word'}, differs ? '≠ differs' : '= same')));
+        el('td', {class: 'number'}, show(a)), el('td', {class: 'number'}, asked ? show(b) : '–'),
+        el('td', {class: differs ? 'differs-word' : 'same-word'}, differs ? '≠ differs' : asked ? '= same' : 'not asked for')));
     };
+    const {geometry, main_deck: mainDeck, sets} = ledger.asked;
     for (const name of ['nodes', 'solids', 'shells', 'particles'])
-      row(name[0].toUpperCase() + name.slice(1), into[name], out[name], count, countsDiffer);
-    row('Parts', into.all_parts, out.all_parts, count, countsDiffer);
-    row('Sets', into.all_sets, out.all_sets, count, countsDiffer);
+      row(name[0].toUpperCase() + name.slice(1), geometry, into[name], out[name], count, countsDiffer);
+    row('Parts', mainDeck, into.all_parts, out.all_parts, count, countsDiffer);
+    row('Sets', sets, into.all_sets, out.all_sets, count, countsDiffer);
     const boxesDiffer = (a, b) => (a && b ? a.some((value, i) => sizesDiffer(value, b[i])) : a !== b);
     for (const [name, corner] of [['Lowest corner of the box', 0], ['Highest corner of the box', 1]])
-      row(name, into.box && into.box[corner], out.box && out.box[corner], (at) => (at ? vectorText(at) : 'none'), boxesDiffer);
-    row('Smallest edge', into.smallest_edge, out.smallest_edge, real, sizesDiffer);
+      row(name, geometry, into.box && into.box[corner], out.box && out.box[corner], (at) => (at ? vectorText(at) : 'none'), boxesDiffer);
+    row('Smallest edge', geometry, into.smallest_edge, out.smallest_edge, real, sizesDiffer);
     const table = el('table', {id: 'counts', class: 'small'}, el('caption', {}, 'Model'),
       el('thead', {}, el('tr', {}, el('td', {}), el('th', {scope: 'col', class: 'number'}, 'In the deck'),
         el('th', {scope: 'col', class: 'number'}, 'Written'), el('th', {scope: 'col'}, 'Compared'))), body);
@@ -404,14 +417,15 @@
   }
 
   function partsTable() {
+    const {geometry, main_deck: mainDeck} = ledger.asked;
     const out = new Map(ledger.out.parts.map((part) => [part.id, part]));
     let differing = 0;
     const row = (part) => {
       const other = out.get(part.id) || {centre: []};
       const cells = [
-        ...['solids', 'shells', 'particles'].map((name) => both(part[name], other[name], count, countsDiffer)),
-        both(part.volume, other.volume, real, sizesDiffer),
-        part.has_density || part.mass !== 0 ? both(part.mass, other.mass, real, massesDiffer) : {cell: el('td', {class: 'number'}, '–')},
+        ...['solids', 'shells', 'particles'].map((name) => both(part[name], other[name], count, countsDiffer, geometry)),
+        both(part.volume, other.volume, real, massesDiffer, geometry && mainDeck),
+        part.has_density || part.mass !== 0 ? both(part.mass, other.mass, real, massesDiffer, geometry && mainDeck) : {cell: el('td', {class: 'number'}, '–')},
       ];
       if (cells.some((cell) => cell.differs)) ++differing;
       return el('tr', {class: cells.some((cell) => cell.differs) ? 'differs' : null},
@@ -434,7 +448,7 @@
     const body = el('tbody');
     const more = growing(ledger.in.sets, (set) => {
       const other = out.get(key(set)) || {};
-      const members = both(set.members, other.members, count, countsDiffer);
+      const members = both(set.members, other.members, count, countsDiffer, ledger.asked.sets);
       return el('tr', {class: members.differs ? 'differs' : null}, el('td', {}, set.kind), el('th', {scope: 'row', class: 'number'}, set.id),
         el('td', {class: 'text'}, set.title.replace(/^ +| +$/g, '')), members.cell);
     }, body);
@@ -458,7 +472,7 @@
   function buildNumbers() {
     const body = byId('numbers-body');
     const {table, differing} = numbersTable();
-    for (const sentence of ledger.differences) body.append(el('p', {}, badge(2), ' ', sentence));
+    body.append(...differences());
     body.append(el('div', {class: 'scroll'}, table));
     if (ledger.in.smallest_edge > 0)
       body.append(el('p', {class: 'hint'}, 'The smallest edge belongs to element ' + ledger.in.smallest_edge_element + '.'));
@@ -820,7 +834,7 @@
     const head = (column) => el('th', {scope: 'col', class: 'c-' + column.key + (column.key === 'cards' ? ' number' : ''), 'data-key': column.key, 'aria-sort': column === table.sort ? 'ascending' : 'none'},
       el('button', {type: 'button', onclick: () => sortBy(column)}, column.name, el('span', {class: 'direction', 'aria-hidden': 'true'}, column === table.sort ? ' ▲' : '')));
     body.append(filterControls(), el('p', {class: 'status', id: 'block-status', role: 'status'}),
-      el('table', {id: 'block-table'}, el('thead', {}, el('tr', {}, el('td', {class: 'c-open'}), columns.map(head))), table.body), pager());
+      el('table', {id: 'block-table'}, el('colgroup', {}, Array.from({length: columns.length + 1}, () => el('col'))), el('thead', {}, el('tr', {}, el('td', {class: 'c-open'}), columns.map(head))), table.body), pager());
     showPage();
   }
 
@@ -897,8 +911,10 @@
     const body = byId('about-body');
     body.append(el('div', {class: 'scroll', tabindex: '0', role: 'region', 'aria-label': 'Files'}, el('table', {id: 'files'},
       el('thead', {}, el('tr', {}, headCells([['File', 0], ['What it is', 0], ['Bytes', 1], ['SHA-256', 0]]))),
-      el('tbody', {}, ledger.files.slice(0, 1000).map((file) => el('tr', {}, el('th', {scope: 'row', class: 'mono'}, file.name), el('td', {}, file.role),
+      el('tbody', {}, ledger.files.map((file) => el('tr', {}, el('th', {scope: 'row', class: 'mono'}, file.name), el('td', {}, file.role),
         el('td', {class: 'number'}, count(file.size)), el('td', {class: 'mono hash'}, file.sha256)))))));
+    if (ledger.files.length < ledger.all_files)
+      body.append(el('p', {class: 'hint'}, 'The first ' + count(ledger.files.length) + ' of ' + count(ledger.all_files) + ' files. ledger.json has all.'));
     body.append(el('h3', {}, 'Settings'), el('ul', {class: 'settings mono'}, ledger.settings.map(([name, value]) => el('li', {}, name + ' ' + value))));
     if (details.unreadable.length > 0)
       body.append(el('p', {class: 'hint'}, 'Cards or lines are missing here, because these files could not be read: ' + details.unreadable.join(', ') + '.'));
