@@ -9,8 +9,6 @@ namespace report
 
 namespace
 {
-constexpr std::string_view blast = "loadblast";
-
 const OutputStream* stream_of(std::size_t output)
 {
     constexpr const OutputStream* streams[] = {&inpfile, &geomfile, &setfile, &accelfile};
@@ -72,15 +70,10 @@ BlockNumber Account::block_of(Position position) const
 
 void Account::keyword_line(Position begin)
 {
+    if (row_ != nullptr) return;  // a look-up
     const bool behind = !deck_ && begin >= copy_source.size();
-    const Position position = behind ? deck_source.size() : deck_ ? begin : copy_map_.to_deck(begin);
-    if (row_ != nullptr) {  // a look-up
-        if (row_->action.procedure == blast && std::string_view(cbuffer).starts_with("*LOAD_SEGMENT_SET"))
-            segments_ = block_of(position);
-        return;
-    }
-    loaded_at_ = position;
-    loaded_ = block_of(position);
+    loaded_at_ = behind ? deck_source.size() : deck_ ? begin : copy_map_.to_deck(begin);
+    loaded_ = block_of(loaded_at_);
 }
 
 // ---- rows ----------------------------------------------------------------------------------------------------------
@@ -122,12 +115,8 @@ void Account::row_ends()
     blocks_[loaded_].converted = true;
     add_procedure(row->action.procedure);
     const Positions ended = positions();
-    for (std::size_t i = 0; i < output_count; ++i) {
-        if (ended[i] == began_[i]) continue;
-        parts_[i].push_back({loaded_, began_[i], ended[i]});
-        if (row->action.procedure == blast && segments_ != no_block)
-            parts_[i].push_back({segments_, began_[i], ended[i]});
-    }
+    for (std::size_t i = 0; i < output_count; ++i)
+        if (ended[i] != began_[i]) parts_[i].push_back({loaded_, began_[i], ended[i]});
     if (ended[output_count] != began_[output_count])
         log_.push_back({loaded_, began_[output_count], ended[output_count]});
 }

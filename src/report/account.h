@@ -49,7 +49,7 @@ public:
 
     // In the deck's order.
     [[nodiscard]] const std::vector<Block>& blocks() const { return blocks_; }
-    // In the order in which they were written. A blast's lines are there twice: they name a set of another block.
+    // In the order in which they were written.
     [[nodiscard]] const std::vector<Part>& parts(Output output) const
     {
         return parts_[static_cast<std::size_t>(output)];
@@ -98,8 +98,7 @@ private:
     std::size_t pass_ = 0;
     BlockNumber loaded_ = no_block;  // the keyword line that was loaded last
     Position loaded_at_ = 0;
-    const PassRow* row_ = nullptr;     // that runs
-    BlockNumber segments_ = no_block;  // of the set that the blasts load
+    const PassRow* row_ = nullptr;  // that runs
     Positions began_{};
 };
 

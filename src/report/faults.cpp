@@ -45,15 +45,18 @@ bool is_output(std::string_view role)
     return role == "main deck" || role == "geometry" || role == "sets" || role == "accelerometers";
 }
 
-// A run without a single block, with the ledger's settings.
-FixedOutputs convert_nothing(const Ledger& ledger, const std::string& name)
+constexpr std::string_view no_blocks = "*KEYWORD\n*END\n";
+constexpr std::string_view one_contact = "*CONTACT_SINGLE_SURFACE\n\n\n\n*END\n";
+
+// A run with the ledger's settings.
+FixedOutputs convert_text(std::string_view deck, const Ledger& ledger, const std::string& name)
 {
     reset_run();
     ControlFile settings;
     for (const auto& [flag, value] : ledger.settings) set_flag(settings, flag, value);
     take_settings(settings);
     set_file_names(name);
-    deck_source.use("*KEYWORD\n*END\n");
+    deck_source.use(deck);
     FixedOutputs outputs;
     std::string copy, log;
     OutputStream unheard;
@@ -71,6 +74,111 @@ FixedOutputs convert_nothing(const Ledger& ledger, const std::string& name)
     reset_run();
     return outputs;
 }
+
+// The lines of a file that no block has made. Those that a conversion may lack leave open where they are missing, so
+// that all ways to go on are followed at once.
+class Skeleton
+{
+public:
+    explicit Skeleton(std::string_view text)
+    {
+        for (std::size_t begin = 0; begin < text.size();) {
+            const std::size_t end = std::min(text.find('\n', begin), text.size());
+            lines_.push_back({std::string(text.substr(begin, end - begin)), {}});
+            begin = end + 1;
+        }
+    }
+
+    // The line that stands so far below the first with the label.
+    void may_be_missing(std::string_view label, std::size_t below)
+    {
+        const std::size_t line = find(label) + below;
+        if (line < lines_.size()) lines_[line].skips.push_back(line + 1);
+    }
+
+    // The options that hold without a contact: what does not stand behind one, either.
+    void take_contacts_out(const std::string& with_contact)
+    {
+        const Skeleton other(with_contact);
+        const std::size_t begin = find("! Contact Section") + 3;  // behind the banner and its empty line
+        std::size_t end = find("! Boundary and Initial"), other_end = other.find("! Boundary and Initial");
+        if (end == lines_.size()) {
+            end = find("! Part Descriptions");
+            other_end = other.find("! Part Descriptions");
+        }
+        while (end > begin && other_end > 0 && lines_[end - 1].text == other.lines_[other_end - 1].text) {
+            --end;
+            --other_end;
+        }
+        if (begin < end)
+            lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(begin),
+                         lines_.begin() + static_cast<std::ptrdiff_t>(end));
+    }
+
+    // The box outside of which particles are deactivated, as a whole, its first empty line included. Where the number
+    // of particles has been written over that, it stands in place of what follows.
+    void box_may_be_missing()
+    {
+        const std::size_t box = find(" SPH deactivation:"), velocity = find(" SPH deactivation velocity:");
+        if (velocity == lines_.size()) return;
+        if (box < velocity) {
+            lines_[box - 1].skips.push_back(velocity - 1);
+            return;
+        }
+        may_be_missing(particle_count_label, 2);
+        if (const std::size_t count = find(particle_count_label); count < velocity)
+            lines_[count].skips.push_back(velocity + 1);
+    }
+
+    // Begins at the first line: nothing can be left out after that.
+    void begin() { add(0, at_); }
+
+    // Goes on to behind the line; false when it does not stand there.
+    bool take(std::string_view line)
+    {
+        std::vector<std::size_t> behind;
+        for (const std::size_t at : at_)
+            if (at < lines_.size() && is_same(lines_[at].text, line)) add(at + 1, behind);
+        if (behind.empty()) return false;
+        at_ = std::move(behind);
+        return true;
+    }
+
+    // True when nothing that must be there is left.
+    [[nodiscard]] bool is_whole() const { return std::find(at_.begin(), at_.end(), lines_.size()) != at_.end(); }
+
+private:
+    struct Line {
+        std::string text;
+        std::vector<std::size_t> skips;  // where it can go on without it
+    };
+
+    // Adds a place, and all that can be reached from there by leaving lines out.
+    void add(std::size_t place, std::vector<std::size_t>& places) const
+    {
+        if (std::find(places.begin(), places.end(), place) != places.end()) return;
+        places.push_back(place);
+        if (place == lines_.size()) return;
+        for (const std::size_t next : lines_[place].skips) add(next, places);
+    }
+
+    // The day of the run may change while it runs.
+    static bool is_same(std::string_view one, std::string_view other)
+    {
+        constexpr std::string_view version = "!  Version ";
+        return one == other || (one.starts_with(version) && other.starts_with(version));
+    }
+
+    [[nodiscard]] std::size_t find(std::string_view label) const
+    {
+        const auto found =
+            std::find_if(lines_.begin(), lines_.end(), [=](const Line& line) { return line.text.starts_with(label); });
+        return static_cast<std::size_t>(found - lines_.begin());
+    }
+
+    std::vector<Line> lines_;
+    std::vector<std::size_t> at_;  // where the next line may stand
+};
 
 // ---- the checks ----------------------------------------------------------------------------------------------------
 
@@ -121,7 +229,10 @@ private:
     void check_converted();
     void check_numbers();
     void check_outputs();
-    void check_output(const File& file, const std::string& fixed);
+    void check_output(const File& file, Skeleton skeleton);
+    void take_setting(std::string_view line, std::size_t number, std::vector<std::size_t>& owned);
+    [[nodiscard]] Skeleton skeleton_of(const std::string& text, const std::string& with_contact) const;
+    [[nodiscard]] bool ran(std::string_view procedure) const;
     std::vector<Claim> claims_of(const File& file);
     void check_claims(const File& file, const std::vector<Claim>& claims, std::size_t lines);
 
@@ -249,12 +360,26 @@ std::vector<Auditor::Claim> Auditor::claims_of(const File& file)
     return claims;
 }
 
-bool is_blast(const Block& block)
+// Lines of settings, and that of the number of particles.
+bool may_be_shared(std::string_view line)
 {
-    return block.keyword.starts_with("*LOAD_BLAST") || block.keyword.starts_with("*LOAD_SEGMENT_SET");
+    return line.starts_with(particle_count_label) ||
+           std::any_of(setting_lines().begin(), setting_lines().end(),
+                       [=](const SettingLine& setting) { return line.starts_with(setting.label); });
 }
 
-// A line of the output, and how often it is claimed; `once` by blocks that share no lines.
+bool has_procedure(const Block& block, std::string_view procedure)
+{
+    for (std::size_t at = block.procedure.find(procedure); at != std::string::npos;
+         at = block.procedure.find(procedure, at + 1)) {
+        const std::size_t end = at + procedure.size();
+        if ((at == 0 || block.procedure[at - 1] == ' ') &&
+            (end == block.procedure.size() || block.procedure[end] == ','))
+            return true;
+    }
+    return false;
+}
+
 void Auditor::check_claims(const File& file, const std::vector<Claim>& claims, std::size_t lines)
 {
     for (const Claim& claim : claims)
@@ -262,61 +387,64 @@ void Auditor::check_claims(const File& file, const std::vector<Claim>& claims, s
             tell(name_of(*claim.block) + " has lines that " + file.name + " has not");
 }
 
-// A reader of lines that may be as long as they like.
-bool next_line(std::string_view& text, std::string_view& line)
+// The lines that stand in every conversion, and which of them may be missing in this one.
+Skeleton Auditor::skeleton_of(const std::string& text, const std::string& with_contact) const
 {
-    if (text.empty()) return false;
-    const std::size_t newline = std::min(text.find('\n'), text.size());
-    line = text.substr(0, newline);
-    text.remove_prefix(std::min(newline + 1, text.size()));
-    return true;
+    Skeleton skeleton(text);
+    if (ran("contact")) skeleton.take_contacts_out(with_contact);
+    for (const SettingLine& line : setting_lines())
+        if (line.only_if == nullptr && ran(line.procedure)) skeleton.may_be_missing(line.label, line.below);
+    if (ran("esph") || ran("csph")) skeleton.may_be_missing(particle_count_label, 0);
+    if (ran("csph")) skeleton.box_may_be_missing();
+    skeleton.begin();
+    return skeleton;
 }
 
-// True when the line stands in what is left of the fixed text, which goes on behind it. The day of the run may change.
-bool stands_in(std::string_view& fixed, std::string_view line)
+bool Auditor::ran(std::string_view procedure) const
 {
-    constexpr std::string_view version = "!  Version ";
-    std::string_view rest = fixed;
-    for (std::string_view one; next_line(rest, one);)
-        if (one == line || (one.starts_with(version) && line.starts_with(version))) {
-            fixed = rest;
-            return true;
-        }
-    return false;
+    return std::any_of(ledger_->blocks.begin(), ledger_->blocks.end(),
+                       [=](const Block& block) { return has_procedure(block, procedure); });
 }
 
-void Auditor::check_output(const File& file, const std::string& fixed_text)
+// The line as of settings: those below it, and itself, that must be a block's.
+void Auditor::take_setting(std::string_view line, std::size_t number, std::vector<std::size_t>& owned)
+{
+    for (const SettingLine& setting : setting_lines())
+        if (line.starts_with(setting.label) && setting.only_if == nullptr && ran(setting.procedure))
+            owned.push_back(number + setting.below);
+}
+
+void Auditor::check_output(const File& file, Skeleton skeleton)
 {
     const std::vector<Claim> claims = claims_of(file);
     std::ifstream stream(folder_ / file.name, std::ios::binary);
-    std::string_view fixed = fixed_text;
+    std::vector<std::size_t> owned;
     auto next = claims.begin();
-    std::size_t covered = 0;  // the last line of the claims that have begun
-    const Block* coverer = nullptr;
+    Claim cover{};  // the claim that reaches farthest
     std::size_t number = 0;
     for (std::string line; std::getline(stream, line);) {
         ++number;
         for (; next != claims.end() && next->first == number; ++next) {
-            const bool shared =
-                is_shared_line(line) || (coverer != nullptr && is_blast(*coverer) && is_blast(*next->block));
-            if (covered >= number && !shared)
-                tell(name_of(*next->block) + " and " + name_of(*coverer) + " have the same line " +
+            if (cover.last >= number && !may_be_shared(line))
+                tell(name_of(*next->block) + " and " + name_of(*cover.block) + " have the same line " +
                      std::to_string(number) + " of " + file.name);
-            if (next->last < covered) continue;
-            covered = next->last;
-            coverer = next->block;
+            if (next->last > cover.last) cover = *next;
         }
-        if (covered < number && !stands_in(fixed, line))
+        if (file.role == "main deck" && cover.last < number) take_setting(line, number, owned);
+        const bool is_owned = std::find(owned.begin(), owned.end(), number) != owned.end();
+        if (cover.last < number && (is_owned || !skeleton.take(line)))
             tell("line " + std::to_string(number) + " of " + file.name + " belongs to no block: " + line);
     }
+    if (!skeleton.is_whole()) tell("a block has lines of " + file.name + " that stand in every conversion");
     check_claims(file, claims, number);
 }
 
 void Auditor::check_outputs()
 {
-    const FixedOutputs fixed = convert_nothing(*ledger_, converted_name());
+    const FixedOutputs fixed = convert_text(no_blocks, *ledger_, converted_name());
+    const FixedOutputs contact = convert_text(one_contact, *ledger_, converted_name());
     for (const File& file : ledger_->files)
-        if (is_output(file.role)) check_output(file, fixed.of(file.role));
+        if (is_output(file.role)) check_output(file, skeleton_of(fixed.of(file.role), contact.of(file.role)));
 }
 }  // namespace
 

@@ -294,7 +294,6 @@ void Maker::fill(Block& block, Judge& judge)
     for (const std::string_view procedure : procedures)
         block.procedure.append(block.procedure.empty() ? "" : ", ").append(procedure);
     if (ledger_.prepared && is_for_preparing(block.keyword)) block.procedure = "prepare";
-    if (block.outcome != Outcome::converted) block.output.clear();  // a set that a blast names, but no load of its own
     std::stable_sort(block.output.begin(), block.output.end(), [this](const Lines& one, const Lines& other) {
         const auto place = [this](const std::string& file) {
             std::size_t i = 0;

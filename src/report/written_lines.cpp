@@ -61,15 +61,6 @@ private:
 
 // ---- lines of settings ---------------------------------------------------------------------------------------------
 
-// A line that a section writes from what handlers have collected: the one that stands `below` lines under the first
-// line that begins with the label.
-struct SettingLine {
-    std::string_view label;
-    std::size_t below;
-    std::string_view procedure;
-    bool (*only_if)(const RunSettings&) = nullptr;
-};
-
 bool dumps(const RunSettings& settings)
 {
     return settings.dump_cycles != 0;
@@ -86,7 +77,7 @@ bool title_ends_a_line(const RunSettings& settings)
     return std::string_view(settings.title).ends_with('\n');
 }
 
-constexpr SettingLine setting_lines[] = {
+constexpr SettingLine setting_line_table[] = {
     {" Title                       :", 0, "titlecard"},
     {" Title                       :", 1, "titlecard", title_ends_a_line},
     {" Solution Type                  :", 0, "csolution"},
@@ -111,8 +102,6 @@ constexpr SettingLine setting_lines[] = {
     {"!SPH deactivation energy:", 2, "csph"},
 };
 
-// It is written over whatever stands there; where its own line is left out that is the heading of the deactivation box.
-constexpr std::string_view particle_count = " Initial number of SPH per processor  :";
 constexpr std::string_view own_particle_line = "initial guess of number of particle in each processor";
 
 class SettingLines
@@ -123,16 +112,17 @@ public:
     // A line that no block has made by itself.
     void take(std::string_view text, std::size_t number)
     {
-        if (account_->particle_count_at() != 0 && text.starts_with(particle_count)) {
+        if (account_->particle_count_at() != 0 && text.starts_with(particle_count_label)) {
             for (BlockNumber block = 0; block < account_->blocks().size(); ++block)
                 if (const auto& ran = account_->blocks()[block].procedures;
                     std::find(ran.begin(), ran.end(), "esph") != ran.end())
                     lines_->push_back({block, number, number});
-            if (text.find(own_particle_line) == std::string_view::npos) add(account_->last_of("csph"), number + 2);
+            if (text.find(own_particle_line) == std::string_view::npos)
+                for (const std::size_t line : {number, number + 2}) add(account_->last_of("csph"), line);
         }
         if (text.empty() || (text[0] != ' ' && text[0] != '!')) return;
-        for (std::size_t i = 0; i < std::size(setting_lines); ++i) {
-            const SettingLine& line = setting_lines[i];
+        for (std::size_t i = 0; i < std::size(setting_line_table); ++i) {
+            const SettingLine& line = setting_line_table[i];
             if (met_[i] || !text.starts_with(line.label)) continue;
             met_[i] = true;
             if (line.only_if == nullptr || line.only_if(account_->settings()))
@@ -148,7 +138,7 @@ private:
 
     const Account* account_;
     std::vector<BlockLines>* lines_;
-    bool met_[std::size(setting_lines)] = {};
+    bool met_[std::size(setting_line_table)] = {};
 };
 
 void add_setting_lines(const std::filesystem::path& file, const Account& account, std::vector<BlockLines>& lines)
@@ -215,23 +205,18 @@ void take_log(std::string_view text, const Account::Block& block, Logged& logged
 }
 }  // namespace
 
-bool is_shared_line(std::string_view line)
+std::span<const SettingLine> setting_lines()
 {
-    return line.starts_with(particle_count) ||
-           std::any_of(std::begin(setting_lines), std::end(setting_lines),
-                       [=](const SettingLine& setting) { return line.starts_with(setting.label); });
+    return setting_line_table;
 }
 
 std::vector<BlockLines> written_lines(const std::filesystem::path& file, const Account& account, Output output)
 {
     std::vector<BlockLines> lines;
-    const std::vector<Account::Part>& parts = account.parts(output);
     LineCounter counter(file);
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const bool again = i > 0 && parts[i].begin == parts[i - 1].begin;
-        const std::size_t first = again ? lines.back().first : counter.line_of(parts[i].begin);
-        const std::size_t last = again ? lines.back().last : counter.line_of(parts[i].end - 1);
-        lines.push_back({parts[i].block, first, last});
+    for (const Account::Part& part : account.parts(output)) {
+        const std::size_t first = counter.line_of(part.begin);
+        lines.push_back({part.block, first, counter.line_of(part.end - 1)});
     }
     if (output == Output::main_deck) add_setting_lines(file, account, lines);
     return lines;

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "report/account.h"
@@ -33,8 +35,18 @@ struct Logged {
 // By block. Throws deck::Fault when the log cannot be read.
 std::vector<Logged> logged_of(const std::filesystem::path& log, const Account& account);
 
-// True for a line of the main deck in which values of several blocks can stand: of settings that are collected, and the
-// number of particles.
-bool is_shared_line(std::string_view line);
+// A line that a section writes from what handlers have collected: the one that stands `below` lines under the first
+// line that begins with the label. It belongs to the last block for which the procedure ran; with `only_if` not always.
+struct SettingLine {
+    std::string_view label;
+    std::size_t below;
+    std::string_view procedure;
+    bool (*only_if)(const RunSettings&) = nullptr;
+};
+std::span<const SettingLine> setting_lines();
+
+// The line with the number of particles, which belongs to all their blocks. It is written over whatever stands there;
+// where its own line is left out that is the heading of the particles' deactivation.
+inline constexpr std::string_view particle_count_label = " Initial number of SPH per processor  :";
 
 }  // namespace report
