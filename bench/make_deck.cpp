@@ -3,6 +3,7 @@
 //
 //     make_deck --mix 140 --input input.morvex mix.k
 //     make_deck --nodes 1000000 --solids 1000000 --seed 7 mesh.k
+//     make_deck --bricks 1000000 cube.k
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -38,6 +39,7 @@ struct Sizes {
     Count keywords = 0;
     Count parts = 0;
     Count beams = 0;
+    Count bricks = 0;
     Count curve_points = 0;
     Count block = 250'000;
     Count lower_case = 0;
@@ -64,6 +66,7 @@ constexpr Option options[] = {
     {"--members", &Sizes::members, "members of each set (1000)"},
     {"--keywords", &Sizes::keywords, "small keyword blocks of one card or a few, of ten kinds in turn, none a *PART"},
     {"--parts", &Sizes::parts, "parts, three blocks each: *PART, *SECTION_SOLID, *MAT_ELASTIC"},
+    {"--bricks", &Sizes::bricks, "bricks of a whole mesh in ten parts, a cube of as many; not beside other mesh"},
     {"--beams", &Sizes::beams, "*ELEMENT_BEAM cards"},
     {"--curve-points", &Sizes::curve_points, "points of one *DEFINE_CURVE"},
     {"--block", &Sizes::block, "most cards of a node or element block (250000)"},
@@ -281,6 +284,7 @@ public:
         parts();
         curve();
         beams();
+        bricks();
         nodes();
         solids();
         shells();
@@ -456,6 +460,32 @@ private:
         }
     }
 
+    // A cube of bricks whose nodes are all its own, in ten layers of a part each. Nodes are moved by up to a tenth.
+    void bricks()
+    {
+        if (sizes_.bricks == 0) return;
+        const auto side = std::max<Count>(1, static_cast<Count>(std::cbrt(static_cast<double>(sizes_.bricks)) + 0.5));
+        constexpr Count layers = 10, first_part = 11;
+        for (Count layer = 0; layer < layers; ++layer) write_part(first_part + layer, 1, 1);
+        const Count row = side + 1;
+        blocks("*NODE", node_comment, row * row * row, [&](Count node) {
+            deck_.integer(node + 1, 8);
+            for (const Count index : {node % row, node / row % row, node / row / row}) {
+                const auto moved = static_cast<std::int64_t>(random_.below(2'000'000)) - 1'000'000;
+                deck_.field(fixed_point(static_cast<std::int64_t>(index) * 10'000'000 + moved), 16);
+            }
+            deck_.integer(0, 8).integer(0, 8).end();
+        });
+        blocks("*ELEMENT_SOLID", element_comment, side * side * side, [&](Count brick) {
+            const Count x = brick % side, y = brick / side % side, z = brick / side / side;
+            const Count corner = 1 + x + row * (y + row * z), up = row * row;
+            deck_.integer(brick + 1, 8).integer(first_part + z * layers / side, 8);
+            for (const Count step : {Count{0}, Count{1}, row + 1, row, up, up + 1, up + row + 1, up + row})
+                deck_.integer(corner + step, 8);
+            deck_.end();
+        });
+    }
+
     void write_node(Count node)
     {
         deck_.integer(node + 1, 8);
@@ -466,10 +496,11 @@ private:
 
     void nodes()
     {
-        blocks("*NODE", "$#   nid               x               y               z      tc      rc", sizes_.nodes,
-               [&](Count node) { write_node(node); });
+        blocks("*NODE", node_comment, sizes_.nodes, [&](Count node) { write_node(node); });
     }
 
+    static constexpr std::string_view node_comment =
+        "$#   nid               x               y               z      tc      rc";
     static constexpr std::string_view element_comment =
         "$#   eid     pid      n1      n2      n3      n4      n5      n6      n7      n8";
 
