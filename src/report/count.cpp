@@ -6,6 +6,8 @@
 #include <string_view>
 #include <tuple>
 
+#include "report/written_digits.h"
+
 namespace report
 {
 
@@ -18,12 +20,18 @@ namespace
 // both sums run in the same order; this is left for the division at the end.
 constexpr double same = 1e-12;
 
-// Densities and thicknesses are written with three digits behind the first one (%.3e): half a unit of the last is at
-// most 0.0005 of the value. Single precision, which rounds before, adds less than a ten thousandth of that.
-constexpr double four_digits = 0.0005001;
+// Densities and thicknesses are written with three digits behind the first one (%.3e).
+constexpr int definition_digits = 3;
 
-// A shell's mass is a product of both.
-constexpr double twice_four_digits = 2 * four_digits + four_digits * four_digits;
+// Of a value that is not known more closely than that, a shell's own thickness: at most half a unit of the fourth digit
+// in proportion to the value.
+constexpr double four_digits = 0.0005125;
+
+// In proportion to the value.
+double written_tolerance(double value)
+{
+    return value == 0 ? 0 : half_of_last_digit(value, definition_digits) / std::abs(value);
+}
 
 bool is_near(double a, double b, double tolerance)
 {
@@ -34,6 +42,11 @@ bool is_near(double a, double b, double tolerance)
 bool is_near_in_proportion(double a, double b, double tolerance)
 {
     return is_near(a, b, tolerance * std::max(std::abs(a), std::abs(b)));
+}
+
+bool is_near_as_written(double in, double out)
+{
+    return is_near(in, out, half_of_last_digit(out, definition_digits));
 }
 
 // ---- words ---------------------------------------------------------------------------------------------------------
@@ -169,8 +182,12 @@ private:
             exact(name + "definitions", in.definitions, out.definitions);
             exact(name + "section", in.section, out.section);
             exact(name + "material", in.material, out.material);
-            if (in.has_density != out.has_density || !is_near_in_proportion(in.density, out.density, four_digits))
+            if (in.has_density != out.has_density || !is_near_as_written(in.density, out.density))
                 tell(name + "density", in.density, out.density);
+            for (std::size_t i = 0; i < in.thickness.size(); ++i)
+                if (!is_near_as_written(in.thickness[i], out.thickness[i]))
+                    tell(name + "thickness t" + std::to_string(i + 1) + " of its section", in.thickness[i],
+                         out.thickness[i]);
         }
         if (asked_.geometry) {
             exact(name + "solids", in.solids, out.solids);
@@ -182,19 +199,21 @@ private:
 
     void sizes(const std::string& name, const PartCount& in, const PartCount& out)
     {
-        const bool solids_only = in.shells == 0 && in.particles == 0;
-        const double volume = solids_only ? same : four_digits;
+        const double thickness = in.shells > 0 ? four_digits : 0;
+        const double density = written_tolerance(out.density);
+        // what particles fill is their mass by the density
+        const double volume = std::max(thickness, in.particles > 0 ? density / (1 - density) : 0) + same;
+        const double mass = density + thickness + density * thickness + same;
         if (!is_near_in_proportion(in.volume, out.volume, volume)) tell(name + "volume", in.volume, out.volume);
-        const double mass = in.shells > 0 ? twice_four_digits : four_digits;
         if (asked_.main_deck && !is_near_in_proportion(in.mass, out.mass, mass)) tell(name + "mass", in.mass, out.mass);
+        const double centre = centre_tolerance(in, mass);
         for (std::size_t i = 0; i < 3; ++i)
-            if (!is_near(in.centre[i], out.centre[i], centre_tolerance(in)))
-                return tell(name + "centre", in.centre, out.centre);
+            if (!is_near(in.centre[i], out.centre[i], centre)) return tell(name + "centre", in.centre, out.centre);
     }
 
     // One density for all weights moves no centre. Where weights are off by at most e in proportion, each by its own,
     // it moves by at most 2 e / (1 - e) of the model's extent.
-    [[nodiscard]] double centre_tolerance(const PartCount& part) const
+    [[nodiscard]] double centre_tolerance(const PartCount& part, double e) const
     {
         double extent = 0;
         for (std::size_t i = 0; i < 3; ++i) {
@@ -203,7 +222,6 @@ private:
         }
         extent = std::sqrt(extent);
         const bool one_weight = part.shells == 0 && (part.solids == 0 || part.particles == 0);
-        const double e = part.shells > 0 ? twice_four_digits : four_digits;
         double tolerance = one_weight ? same * extent : 2 * e / (1 - e) * extent;
         for (const double coordinate : part.centre) tolerance = std::max(tolerance, same * std::abs(coordinate));
         return tolerance;

@@ -13,6 +13,7 @@
 #include "report/model.h"
 #include "report/node_table.h"
 #include "report/part_sums.h"
+#include "report/written_digits.h"
 
 namespace report
 {
@@ -20,6 +21,10 @@ namespace report
 namespace
 {
 constexpr std::size_t most_worst = 10;
+
+// Behind the point of what the geometry file holds.
+constexpr int coordinate_digits = 13;
+constexpr int mass_digits = 8;
 
 // ---- digests -------------------------------------------------------------------------------------------------------
 
@@ -43,6 +48,13 @@ std::uint64_t mixed(std::uint64_t hash, float value)
     return mixed(hash, std::uint64_t{std::bit_cast<std::uint32_t>(value + 0.0F)});  // -0 is 0
 }
 
+// A number that should be single precision and is not has a digest of its own.
+std::uint64_t mixed_digits(std::uint64_t hash, double value, int digits)
+{
+    if (is_written_single(value, digits)) return hash;
+    return mixed(hash, std::bit_cast<std::uint64_t>(value));
+}
+
 std::uint64_t digest_of(const Element& element)
 {
     std::uint64_t hash = mixed(mixed(0, element.id), element.part);
@@ -56,6 +68,9 @@ class Counter : public ModelVisitor
 {
 public:
     using Read = std::function<void(ModelVisitor&, const Pieces&)>;
+
+    // `written`: by the converter, so that no digit can be other than single precision has it.
+    explicit Counter(bool written) : written_(written) {}
 
     // `read` tells of the source; twice when elements stand before nodes.
     Count count(const Read& read)
@@ -80,6 +95,8 @@ public:
         ++count_.nodes;
         std::uint64_t hash = mixed(0, id);
         for (const float value : single) hash = mixed(hash, value);
+        for (const double value : at)
+            if (written_) hash = mixed_digits(hash, value, coordinate_digits);
         count_.node_digest += hash;
         widen(single);
         if (sealed_) measure_again_ = true;
@@ -148,7 +165,8 @@ private:
         case ElementKind::particle:
             ++count_.particles;
             ++part.particles;
-            count_.particle_digest += digest_of(element);
+            count_.particle_digest +=
+                written_ ? mixed_digits(digest_of(element), element.mass, mass_digits) : digest_of(element);
             break;
         }
     }
@@ -243,6 +261,7 @@ private:
         });
     }
 
+    bool written_;
     Count count_;
     std::array<float, 3> low_{};
     std::array<float, 3> high_{};
@@ -260,12 +279,12 @@ private:
 
 Count count_deck(const std::filesystem::path& deck)
 {
-    return Counter().count([&](ModelVisitor& visitor, const Pieces& pieces) { read_deck(deck, visitor, pieces); });
+    return Counter(false).count([&](ModelVisitor& visitor, const Pieces& pieces) { read_deck(deck, visitor, pieces); });
 }
 
 Count count_written(const std::filesystem::path& folder, const std::string& deck)
 {
-    return Counter().count(
+    return Counter(true).count(
         [&](ModelVisitor& visitor, const Pieces& pieces) { read_written(folder, deck, visitor, pieces); });
 }
 
