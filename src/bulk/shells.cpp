@@ -1,6 +1,7 @@
 // *ELEMENT_SHELL, *ELEMENT_SHELL_THICKNESS, *ELEMENT_SHELL_BETA
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "bulk/bulk.h"
@@ -50,8 +51,8 @@ void log_later_nodes(Fields card)
 {
     log_unused_heading();
     for (const char* name : {"n5", "n6", "n7", "n8"})
-        print(outfile, "%10s:%10li . . . Not all values printed\n", name,
-              static_cast<long>(integer_of<Integer>(card.take(8))));
+        print(outfile, "%10s:%10s . . . Not all values printed\n", name,
+              std::to_string(integer_of<Integer>(card.take(8))).c_str());
 }
 }  // namespace
 

@@ -1,9 +1,16 @@
 #include "reader/debug_log.h"
 
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
 
+#include "reader/format.h"
 #include "reader/run.h"
+
+namespace
+{
+constexpr std::size_t longest_warning = 1023;
+}
 
 void log_recognized()
 {
@@ -48,9 +55,10 @@ void warn(const char* format, ...)
 {
     std::va_list values;
     va_start(values, format);
+    char line[longest_warning + 1];
     if (warnings != nullptr)
         warnings->print(format, values);
-    else
-        std::vprintf(format, values);
+    else if (format_values(line, sizeof line, format, values) >= 0)
+        std::fputs(line, stdout);
     va_end(values);
 }

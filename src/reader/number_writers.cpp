@@ -23,15 +23,17 @@ constexpr auto two_digits = [] {
 
 void put_two(char* to, std::uint64_t value)
 {
-    std::memcpy(to, two_digits.data() + 2 * value, 2);
+    std::memcpy(to, two_digits.data() + 2 * static_cast<std::size_t>(value), 2);
 }
 
 // The first two digits of a mantissa, with the point between them.
 void put_first_two(char* to, std::uint64_t value)
 {
-    to[0] = two_digits[2 * value];
+    char digits[2];
+    put_two(digits, value);
+    to[0] = digits[0];
     to[1] = '.';
-    to[2] = two_digits[2 * value + 1];
+    to[2] = digits[1];
 }
 
 // The eight digits of a number below 10^8.

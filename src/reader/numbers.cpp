@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -9,6 +10,9 @@
 #include <iterator>
 #include <limits>
 #include <system_error>
+
+// Arithmetic in more than the types' own precision would round twice.
+static_assert(FLT_EVAL_METHOD == 0, "compile for SSE2 arithmetic, not for the x87's: -msse2 -mfpmath=sse");
 
 namespace
 {
@@ -40,12 +44,12 @@ inline const char* read_digits(const char* at, const char* end, std::uint64_t& n
 }
 
 // The value by the C library, for every form that the quick way leaves.
-double value_by_atof(std::string_view field)
+double value_by_strtod(std::string_view field)
 {
     char terminated[48];
     const std::size_t length = field.copy(terminated, sizeof terminated - 1);
     terminated[length] = '\0';
-    return std::atof(terminated);
+    return std::strtod(terminated, nullptr);
 }
 
 float negative_nan()
@@ -82,7 +86,7 @@ double field_value(std::string_view field)
         power = -static_cast<int>(at - fraction);
     }
     const bool hexadecimal = at < end && (*at == 'x' || *at == 'X');
-    if (count == 0 || count > 19 || hexadecimal) return value_by_atof(field);
+    if (count == 0 || count > 19 || hexadecimal) return value_by_strtod(field);
 
     if (at < end && (*at == 'e' || *at == 'E')) {
         const char* exponent = at + 1;
@@ -103,7 +107,7 @@ double field_value(std::string_view field)
         return value * signs[negative ? 1 : 0];
     }
     double value = 0.0;
-    if (std::from_chars(number, at, value).ec != std::errc{}) return value_by_atof(field);
+    if (std::from_chars(number, at, value).ec != std::errc{}) return value_by_strtod(field);
     return value;
 }
 

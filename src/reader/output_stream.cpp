@@ -4,6 +4,9 @@
 #include <cerrno>
 #include <cstring>
 
+#include "reader/file_position.h"
+#include "reader/format.h"
+
 bool OutputStream::open(const char* file_name)
 {
     close();
@@ -119,14 +122,14 @@ void OutputStream::print(const char* format, std::va_list values)
     if (!open_) return;
     std::va_list again;
     va_copy(again, values);
-    const int length = std::vsnprintf(buffer_.get() + used_, capacity - used_, format, values);
+    const int length = format_values(buffer_.get() + used_, capacity - used_, format, values);
     if (length >= 0) {
         const auto n = static_cast<std::size_t>(length);
         if (n < capacity - used_) {
             used_ += n;
         } else {
             std::string line(n + 1, '\0');
-            std::vsnprintf(line.data(), line.size(), format, again);
+            format_values(line.data(), line.size(), format, again);
             line.pop_back();
             append(line);
         }
@@ -140,8 +143,8 @@ void OutputStream::overwrite(std::uint64_t position, std::string_view characters
     flush();
     if (failure_ != 0) return;
     errno = 0;
-    const bool done = (file_ == nullptr || std::fseek(file_, static_cast<long>(position), SEEK_SET) == 0) &&
-                      deliver(position, characters) && (file_ == nullptr || std::fseek(file_, 0, SEEK_END) == 0);
+    const bool done = (file_ == nullptr || seek_file(file_, static_cast<std::int64_t>(position), SEEK_SET) == 0) &&
+                      deliver(position, characters) && (file_ == nullptr || seek_file(file_, 0, SEEK_END) == 0);
     if (!done) fail();
     written_ = std::max(written_, position + characters.size());
 }

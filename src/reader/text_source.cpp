@@ -5,14 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace
-{
-// The offset as fseek takes it; files beyond its range cannot be opened.
-long file_offset(Position position)
-{
-    return static_cast<long>(position);
-}
-}  // namespace
+#include "reader/file_position.h"
 
 bool TextSource::open(const char* file_name)
 {
@@ -34,11 +27,11 @@ bool TextSource::use(std::FILE* file)
 {
     close();
     char last = '\n';
-    bool readable = std::fseek(file, 0, SEEK_END) == 0;
-    const long length = readable ? std::ftell(file) : -1;
+    bool readable = seek_file(file, 0, SEEK_END) == 0;
+    const std::int64_t length = readable ? tell_file(file) : -1;
     readable = length >= 0;
     if (readable && length > 0)
-        readable = std::fseek(file, length - 1, SEEK_SET) == 0 && std::fread(&last, 1, 1, file) == 1;
+        readable = seek_file(file, length - 1, SEEK_SET) == 0 && std::fread(&last, 1, 1, file) == 1;
     if (!readable) return false;
     file_ = file;
     size_ = static_cast<Position>(length);
@@ -75,7 +68,7 @@ std::size_t TextSource::read(char* destination, Position position, std::size_t w
     if (file_ == nullptr) return text_.copy(destination, count, static_cast<std::size_t>(position));
     std::size_t got = 0;
     errno = 0;
-    if (file_at_ == position || std::fseek(file_, file_offset(position), SEEK_SET) == 0)
+    if (file_at_ == position || seek_file(file_, static_cast<std::int64_t>(position), SEEK_SET) == 0)
         got = std::fread(destination, 1, count, file_);
     file_at_ = position + got;
     if (got < count) failure = errno;

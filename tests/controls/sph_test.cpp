@@ -230,7 +230,8 @@ TEST_F(Sph, ThePlaceOfTheParticleCountIsRemembered)
     defflag = 1;
     const std::string deck = convert(sph_control, "*END\n").deck;
     EXPECT_EQ(particle_count_position, deck.find(" Initial number of SPH per processor  : "));
-    EXPECT_EQ(deck.substr(particle_count_position, 50), " Initial number of SPH per processor  :          0");
+    EXPECT_EQ(deck.substr(static_cast<std::size_t>(particle_count_position), 50),
+              " Initial number of SPH per processor  :          0");
 }
 
 TEST_F(Sph, ThePlaceIsRememberedAlsoWhenTheLineIsLeftOut)

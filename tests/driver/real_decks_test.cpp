@@ -103,21 +103,21 @@ private:
 std::string node_row(std::string_view card, std::string_view)
 {
     Fields f(card);
-    const long nid = f.long_integer(8);
+    const long long nid = f.long_integer(8);
     const double x = f.real(16);
     const double y = f.real(16);
     const double z = f.real(16);
     const int tc = f.integer(8);
     const int rc = f.integer(8);
-    return formatted("%8li %20.13e %20.13e %20.13e %5i %5i\n", nid, x, y, z, tc, rc);
+    return formatted("%8lli %20.13e %20.13e %20.13e %5i %5i\n", nid, x, y, z, tc, rc);
 }
 
 std::string shell_row(std::string_view card, std::string_view)
 {
     Fields f(card);
-    long n[6];
-    for (long& number : n) number = f.long_integer(8);
-    return formatted("%8li %8li %10li %10li %10li %10li\n", n[0], n[1], n[2], n[3], n[4], n[5]) +
+    long long n[6];
+    for (long long& number : n) number = f.long_integer(8);
+    return formatted("%8lli %8lli %10lli %10lli %10lli %10lli\n", n[0], n[1], n[2], n[3], n[4], n[5]) +
            "        0.000e+00  0.000e+00  0.000e+00  0.000e+00  0.000e+00\n";
 }
 
@@ -136,10 +136,10 @@ std::string thick_shell_row(std::string_view card, std::string_view second)
 std::string solid_row(std::string_view card, std::string_view)
 {
     Fields f(card);
-    long n[10];
-    for (long& number : n) number = f.long_integer(8);
-    return formatted("%8li %8li %8li %8li %8li %8li %8li %8li %8li %8li\n", n[0], n[1], n[2], n[3], n[4], n[5], n[6],
-                     n[7], n[8], n[9]);
+    long long n[10];
+    for (long long& number : n) number = f.long_integer(8);
+    return formatted("%8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli\n", n[0], n[1], n[2], n[3], n[4],
+                     n[5], n[6], n[7], n[8], n[9]);
 }
 
 std::string particle_row(std::string_view card, std::string_view)

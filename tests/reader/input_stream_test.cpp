@@ -30,7 +30,10 @@ public:
         if (!text_.empty() && text_.back() != '\n') text_ += '\n';
     }
 
-    [[nodiscard]] char at(Position p) const { return p < text_.size() ? text_[p] : "*END\n"[(p - text_.size()) % 5]; }
+    [[nodiscard]] char at(Position p) const
+    {
+        return p < text_.size() ? text_[static_cast<std::size_t>(p)] : "*END\n"[(p - text_.size()) % 5];
+    }
     [[nodiscard]] std::string rest_of_line() const
     {
         std::string rest;
@@ -123,9 +126,9 @@ void walk(InputStream& stream, NaiveStream& naive, std::size_t window, Random& r
             naive.to_keyword();
             break;
         case 10: {
-            const Position to = random.one_in(2)
-                                    ? random.below(naive.size() + 30)
-                                    : naive.position + random.below(2 * window) - std::min(naive.position, window);
+            const Position to = random.one_in(2) ? random.below(static_cast<std::size_t>(naive.size()) + 30)
+                                                 : naive.position + random.below(2 * window) -
+                                                       std::min<Position>(naive.position, window);
             stream.seek(to);
             naive.position = to;
             break;

@@ -13,7 +13,7 @@ using Positions = std::vector<Position>;
 inline Positions keyword_lines(std::string_view text)
 {
     Positions lines;
-    for (Position i = 0; i < text.size(); ++i)
+    for (std::size_t i = 0; i < text.size(); ++i)
         if (text[i] == '*' && (i == 0 || text[i - 1] == '\n')) lines.push_back(i);
     return lines;
 }

@@ -18,7 +18,7 @@
 
 namespace
 {
-constexpr char last_integer[] = "%10s:%10li . . . Not all values printed\n";
+constexpr char last_integer[] = "%10s:%10lli . . . Not all values printed\n";
 constexpr char last_real[] = "%10s:%10.3e . . . Not all values printed\n";
 
 // ---- geometry ------------------------------------------------------------------------------------------------------
@@ -30,13 +30,13 @@ void plain_node()
         text(geomfile, "!--- nid                    x                    y                    z    tc    rc\n");
     }
     for (Card card; card.next(); ++counts.nodes) {
-        const long nid = card.integer64(8);
+        const long long nid = card.integer64(8);
         const double x = card.real(16);
         const double y = card.real(16);
         const double z = card.real(16);
         const int tc = card.integer(8);
         const int rc = card.integer(8);
-        print(geomfile, "%8li %20.13e %20.13e %20.13e %5i %5i\n", nid, x, y, z, tc, rc);
+        print(geomfile, "%8lli %20.13e %20.13e %20.13e %5i %5i\n", nid, x, y, z, tc, rc);
     }
     log_recognized();
     log_unused({});
@@ -50,7 +50,7 @@ void shell_heading()
     text(geomfile, "!------------- t1         t2         t3         t4       beta\n");
 }
 
-void log_shells(const std::array<long, 4>& later)
+void log_shells(const std::array<long long, 4>& later)
 {
     log_recognized();
     log_unused_heading();
@@ -63,16 +63,16 @@ void log_shells(const std::array<long, 4>& later)
 void plain_eshell()
 {
     shell_heading();
-    std::array<long, 4> later{};
+    std::array<long long, 4> later{};
     for (Card card; card.next(); ++counts.shells) {
-        const long eid = card.integer64(8);
-        const long pid = card.integer64(8);
-        const long n1 = card.integer64(8);
-        const long n2 = card.integer64(8);
-        const long n3 = card.integer64(8);
-        const long n4 = card.integer64(8);
-        for (long& node : later) node = card.integer64(8);
-        print(geomfile, "%8li %8li %10li %10li %10li %10li\n", eid, pid, n1, n2, n3, n4);
+        const long long eid = card.integer64(8);
+        const long long pid = card.integer64(8);
+        const long long n1 = card.integer64(8);
+        const long long n2 = card.integer64(8);
+        const long long n3 = card.integer64(8);
+        const long long n4 = card.integer64(8);
+        for (long long& node : later) node = card.integer64(8);
+        print(geomfile, "%8lli %8lli %10lli %10lli %10lli %10lli\n", eid, pid, n1, n2, n3, n4);
         print(geomfile, "%6s %10.3e %10.3e %10.3e %10.3e %10.3e\n", " ", 0.0, 0.0, 0.0, 0.0, 0.0);
     }
     log_shells(later);
@@ -81,7 +81,7 @@ void plain_eshell()
 void plain_eshellt()
 {
     shell_heading();
-    std::array<long, 4> later{};
+    std::array<long long, 4> later{};
     for (Card card; card.next(); ++counts.shells) {
         const int eid = card.integer(8);
         const int pid = card.integer(8);
@@ -89,7 +89,7 @@ void plain_eshellt()
         const int n2 = card.integer(8);
         const int n3 = card.integer(8);
         const int n4 = card.integer(8);
-        for (long& node : later) node = card.integer(8);
+        for (long long& node : later) node = card.integer(8);
         card.another();
         const double t1 = card.real(16);
         const double t2 = card.real(16);
@@ -109,10 +109,10 @@ void plain_esolid()
         text(geomfile, "!--- eid      pid       n1       n2       n3       n4       n5       n6       n7       n8\n");
     }
     for (Card card; card.next(); ++counts.solids) {
-        std::array<long, 10> v{};  // eid, pid, n1 to n8
-        for (long& value : v) value = card.integer64(8);
-        print(geomfile, "%8li %8li %8li %8li %8li %8li %8li %8li %8li %8li\n", v[0], v[1], v[2], v[3], v[4], v[5], v[6],
-              v[7], v[8], v[9]);
+        std::array<long long, 10> v{};  // eid, pid, n1 to n8
+        for (long long& value : v) value = card.integer64(8);
+        print(geomfile, "%8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli %8lli\n", v[0], v[1], v[2], v[3], v[4],
+              v[5], v[6], v[7], v[8], v[9]);
     }
     log_recognized();
     log_unused({});

@@ -14,7 +14,7 @@ namespace
 // With MORVEX_TEST_WINDOW in the environment, all tests read through a window of that many bytes: no byte may change.
 [[maybe_unused]] const bool window_is_set = [] {
     const char* const window = std::getenv("MORVEX_TEST_WINDOW");
-    if (window != nullptr) stream_window = std::strtoull(window, nullptr, 10);
+    if (window != nullptr) stream_window = static_cast<std::size_t>(std::strtoull(window, nullptr, 10));
     return window != nullptr;
 }();
 }  // namespace
