@@ -26,7 +26,8 @@ SmallMesh beside_each_other()
     SmallMesh mesh;
     mesh.block({3, 2, 1}, 5);             // nodes 1 to 24, elements 1 to 6
     mesh.block({3, 2, 1}, 7, {3, 0, 0});  // nodes 25 to 48, elements 7 to 12
-    mesh.nodes.insert(mesh.nodes.end(), {{101, {0, 2.5, 0}}, {102, {2, 2.5, 0}}, {103, {2, 3.5, 0}}, {104, {0, 3.5, 0}}});
+    mesh.nodes.insert(mesh.nodes.end(),
+                      {{101, {0, 2.5, 0}}, {102, {2, 2.5, 0}}, {103, {2, 3.5, 0}}, {104, {0, 3.5, 0}}});
     mesh.shell(501, 9, {101, 102, 103, 104});
     for (std::int64_t i = 0; i < 4; ++i) {
         mesh.nodes.emplace_back(201 + i, std::array{0.5 + static_cast<double>(i), -1.0, 0.0});
@@ -37,7 +38,7 @@ SmallMesh beside_each_other()
                   {.id = 9, .title = "", .section = 2, .material = 3},
                   {.id = 11, .title = "Powder", .section = 3, .material = 4}};
     mesh.sets = {{report::SetKind::node, 31, "Corner", {{1}, {13}, {999}}},
-                 {report::SetKind::segment, 32, "", {{13, 14, 18, 17}}},
+                 {report::SetKind::segment, 32, "", {{14, 15, 19, 18}}},
                  {report::SetKind::part, 33, "All solids", {{5}, {7}}},
                  {report::SetKind::solid, 34, "", {{12}}}};
     return mesh;

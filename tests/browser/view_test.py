@@ -36,7 +36,7 @@ for (const point of points) if (point !== points[0]) ++drawn;
 return drawn / points.length;
 """
 COLOUR = PICTURE + """
-const at = 4 * (Math.round(arguments[1]) * picture.width + Math.round(arguments[0]));
+const at = 4 * (Math.floor(arguments[1]) * picture.width + Math.floor(arguments[0]));
 return [...picture.data.slice(at, at + 3)];
 """
 STEPS = """
@@ -301,7 +301,7 @@ class Sets(ViewTest):
     def test_are_marked(self):
         self.show()
         at = self.from_above()
-        corner, segment, solid = at(0, 0), at(0.5, 0.4), at(5.4, 1.4)
+        corner, segment, solid = at(0, 0), at(1.5, 0.4), at(5.4, 1.4)
         plain = [self.colour(corner), self.colour(segment), self.colour(solid)]
         self.choose("Mark", "node set 31 Corner")
         self.assertNotEqual(self.colour(corner), plain[0])

@@ -26,6 +26,7 @@ const viewButtons = [
   ['Corner', 'Look from a corner', 'iso'],
 ];
 const clipSteps = 1000;
+const smoothFaces = 30000;
 
 // An element of the page; texts among the children stay texts.
 function make(name, attributes = {}, ...children) {
@@ -69,6 +70,25 @@ function countText(count, one, many) {
   return `${count.toLocaleString('en')} ${count === 1 ? one : many}`;
 }
 
+// True when the processor draws, in place of a graphics card.
+function drawsInSoftware() {
+  const graphics = document.createElement('canvas').getContext('webgl', {failIfMajorPerformanceCaveat: true});
+  if (!graphics) return true;
+  const about = graphics.getExtension('WEBGL_debug_renderer_info');
+  const name = String(graphics.getParameter(about ? about.UNMASKED_RENDERER_WEBGL : graphics.RENDERER));
+  const end = graphics.getExtension('WEBGL_lose_context');
+  if (end) end.loseContext();
+  return /swiftshader|llvmpipe|software|basic render/i.test(name);
+}
+
+// Smooth edges take most of the time of a picture where there is no graphics card: there they are for small models.
+function graphicsOf(canvas, faces) {
+  const antialias = faces < smoothFaces || !drawsInSoftware();
+  const graphics = canvas.getContext('webgl', {alpha: false, antialias, powerPreference: 'high-performance'});
+  if (!graphics) throw new Error('this browser has no WebGL');
+  return graphics;
+}
+
 class View {
   constructor(container, mesh) {
     this.container = container;
@@ -80,7 +100,8 @@ class View {
     this.colouring = 'part';
     this.canvas = make('canvas', {tabindex: '0', class: 'view-canvas', role: 'application',
       'aria-label': 'Picture of the model', 'aria-describedby': 'view-keys'});
-    this.renderer = new THREE.WebGLRenderer({canvas: this.canvas, antialias: true, powerPreference: 'high-performance'});
+    const graphics = graphicsOf(this.canvas, this.arrays.faces.length / 4);
+    this.renderer = new THREE.WebGLRenderer({canvas: this.canvas, context: graphics});
     this.world = new MeshScene(this.header, this.arrays);
     this.camera = new ViewCamera(this.bounds, this.arrays.positions);
     this.clip = {axis: '', place: clipSteps / 2, flipped: false};
@@ -409,7 +430,7 @@ class View {
 
   contextRestored() {
     this.lost.hidden = true;
-    this.draw();
+    this.takeTheme();  // the graphics begin anew, with a background of their own
   }
 
   takeTheme() {
