@@ -325,7 +325,9 @@ void Maker::add_findings()
     check::Options options;
     for (std::size_t i = 0; i < control_flags.size(); ++i)
         options.settings.emplace_back(control_flags[i].name, conversion_->settings.values[i]);
-    ledger_.findings = check::check_deck(conversion_->folder / conversion_->name, options).findings;
+    // a deck that is not prepared has its include files beside it, not in the folder
+    const fs::path checked = ledger_.prepared ? conversion_->folder / conversion_->name : conversion_->deck;
+    ledger_.findings = check::check_deck(checked, options).findings;
     ledger_.findings_of_converted = ledger_.findings.size();
 
     std::vector<std::pair<std::size_t, std::size_t>> places;  // in the converted deck, and of the ledger's blocks
@@ -334,7 +336,7 @@ void Maker::add_findings()
     std::sort(places.begin(), places.end());
     for (std::size_t i = 0; i < ledger_.findings.size(); ++i) {
         const deck::Place& place = ledger_.findings[i].place;
-        if (place.file != conversion_->name) continue;  // of an include file that was not followed
+        if (place.file != checked.filename()) continue;  // of an include file that was not followed
         const auto behind = std::upper_bound(places.begin(), places.end(), std::make_pair(place.line, places.size()));
         if (behind == places.begin()) continue;
         Block& block = ledger_.blocks[(behind - 1)->second];
