@@ -20,9 +20,10 @@ struct ByHand {
     std::vector<std::size_t> findings;  // in Ledger::findings, that give the deck's own value
     std::vector<std::size_t> blocks;    // in Ledger::blocks, that it is about; the first few
     std::size_t all_blocks = 0;
-    std::vector<std::pair<std::size_t, std::string>>
-        written;  // lines of the main deck, with their numbers; the first few
-    std::size_t all_written = 0;
+    // Lines of the main deck, with their numbers; those of the first few places where it stands.
+    std::vector<std::pair<std::size_t, std::string>> written;
+    std::size_t written_places = 0;
+    std::size_t written_left_out = 0;  // places
 };
 
 // The list for this conversion, in the order of the main deck's sections. Throws deck::Fault when the main deck cannot

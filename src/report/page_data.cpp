@@ -1,6 +1,7 @@
 #include "report/page_data.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -66,26 +67,28 @@ bool lost_something(const Block& block)
 }
 
 // A row of a table, in the order in which the page's script takes it apart.
-Json block_row(std::size_t number, const Block& block, SharedNames& names)
+Json block_row(std::size_t number, const Ledger& ledger, SharedNames& names)
 {
     constexpr std::size_t most = 40;
-    return Json::array(
-        {number, names.files.number(block.file), block.line, block.last_line, names.keywords.number(block.keyword),
-         names.procedures.number(block.procedure), static_cast<int>(block.outcome),
-         first_of(block.output, most,
-                  [&](const Lines& lines) {
-                      return Json::array({names.files.number(lines.file), lines.first, lines.last});
-                  }),
-         first_of(block.unused, most,
-                  [](const Unused& field) {
-                      return Json::array({field.field, field.value});
-                  }),
-         first_of(block.replaced, most,
-                  [](const Replaced& field) {
-                      return Json::array({field.field, field.value, field.by});
-                  }),
-         first_of(block.findings, most, [](std::size_t finding) { return Json(finding); }), block.prepared_line,
-         block.prepared_last_line, block.unused.size(), block.replaced.size(), block.findings.size()});
+    const Block& block = ledger.blocks[number];
+    return Json::array({number, names.files.number(block.file), block.line, block.last_line,
+                        names.keywords.number(block.keyword), names.procedures.number(block.procedure),
+                        static_cast<int>(block.outcome),
+                        first_of(block.output, most,
+                                 [&](const Lines& lines) {
+                                     return Json::array({names.files.number(lines.file), lines.first, lines.last});
+                                 }),
+                        first_of(block.unused, most,
+                                 [](const Unused& field) {
+                                     return Json::array({field.field, field.value});
+                                 }),
+                        first_of(block.replaced, most,
+                                 [](const Replaced& field) {
+                                     return Json::array({field.field, field.value, field.by});
+                                 }),
+                        first_of(block.findings, most, [](std::size_t finding) { return Json(finding); }),
+                        block.prepared_line, block.prepared_last_line, block.unused.size(), block.replaced.size(),
+                        block.findings.size(), is_lost(ledger, block)});
 }
 
 Json finding_row(std::size_t number, const check::Finding& found)
@@ -185,6 +188,9 @@ Json head_of(const Ledger& ledger, const PageLimits& limits)
     for (const check::Finding& found : ledger.findings)
         if (const check::Code* const code = check::find_code(found.code); code != nullptr)
             codes[found.code] = code->title;
+    std::array<std::size_t, 3> by_severity{};
+    for (const check::Finding& found : ledger.findings)
+        by_severity[static_cast<std::size_t>(found.severity)] += 1 + found.others;
     const Totals sums = totals(ledger);
     const Asked asked = asked_for(ledger.settings);
     const std::vector<std::string> differing = disagreements(ledger);
@@ -199,6 +205,7 @@ Json head_of(const Ledger& ledger, const PageLimits& limits)
             {"all_files", ledger.files.size()},
             {"all_blocks", sums.blocks},
             {"by_outcome", sums.by_outcome},
+            {"by_severity", by_severity},
             {"all_findings", ledger.findings.size()},
             {"findings_of_converted", ledger.findings_of_converted},
             {"differences", first_of(differing, 200, [](const std::string& sentence) { return Json(sentence); })},
@@ -313,7 +320,7 @@ Json json_of(const ByHand& thing)
             {"blocks", thing.blocks},
             {"all_blocks", thing.all_blocks},
             {"written", std::move(written)},
-            {"all_written", thing.all_written}};
+            {"written_left_out", thing.written_left_out}};
 }
 }  // namespace
 
@@ -340,7 +347,7 @@ void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLim
         ledger.blocks.size(), limits.blocks,
         [&](std::size_t i) -> RowText {
             const std::size_t before = names.bytes();
-            std::string text = in_script(block_row(i, ledger.blocks[i], names));
+            std::string text = in_script(block_row(i, ledger, names));
             const std::size_t bytes = text.size() + between + names.bytes() - before;
             return {std::move(text), bytes};
         },

@@ -241,6 +241,35 @@ TEST(ByHand, HasOnlyWhatThisDeckNeeds)
                             "The time step scale factor and the plot state frequency refer to load curve 1, and no"));
 }
 
+TEST(ByHand, LinesBelowAHeadingBelongToIt)
+{
+    const TemporaryFolder folder;
+    Ledger ledger = sample_ledger(".");
+    ledger.settings = {{"sphflag", 1}};
+    write_file("bar.card",
+               "!\n SPH deactivation:\n!---   vid\n         1\n\n Box Definition:\n!---  bvid\n         2\n last\n");
+    const std::vector<ByHand> list = by_hand(ledger, ".");
+    const ByHand* const box = told(list, "The box");
+    ASSERT_NE(nullptr, box);
+    std::vector<std::size_t> lines;
+    for (const auto& [line, text] : box->written) lines.push_back(line);
+    EXPECT_EQ((std::vector<std::size_t>{2, 3, 4, 6, 7, 8}), lines);
+}
+
+TEST(ByHand, OfManyLikePlacesTheFirstAreShown)
+{
+    const TemporaryFolder folder;
+    const Ledger ledger = sample_ledger(".");
+    std::string text;
+    for (int i = 0; i < 50; ++i) text += " Failure definition:  " + std::to_string(i) + "\n";
+    write_file("bar.card", text);
+    const std::vector<ByHand> list = by_hand(ledger, ".");
+    const ByHand* const failure = told(list, "Failure definitions");
+    ASSERT_NE(nullptr, failure);
+    EXPECT_EQ(12U, failure->written.size());
+    EXPECT_EQ(38U, failure->written_left_out);
+}
+
 TEST(ByHand, NothingWithoutAMainDeck)
 {
     const TemporaryFolder folder;

@@ -46,6 +46,7 @@
       allUnused: row[13],
       allReplaced: row[14],
       allFindings: row[15],
+      lost: row[16],
     };
   }
   const blocks = ledger.blocks.map(blockOf);
@@ -175,6 +176,8 @@
     const total = (name, value) => totals.append(el('div', {}, el('dt', {}, name), el('dd', {}, count(value))));
     total(ledger.all_blocks === 1 ? 'keyword block' : 'keyword blocks', ledger.all_blocks);
     outcomes.forEach((outcome, i) => { if (i === 0 || ledger.by_outcome[i] > 0) total(outcome.word, ledger.by_outcome[i]); });
+    for (const severity of [2, 1, 0])
+      total(severities[severity] + (ledger.by_severity[severity] === 1 ? '' : 's'), ledger.by_severity[severity]);
     body.append(totals);
     body.append(...differences());
     const errors = ledger.findings.filter((row) => row[1] === 2).map((row) => findings.get(row[0]));
@@ -247,44 +250,54 @@
     };
     for (const found of findings.values()) {
       const block = blockOfFinding.get(found.number);
-      const size = block ? block.lastLine - block.line + 1 : 1;
-      add(kindOfFinding(found, block), found.severity, found.keyword, found.field, found.code,
-        (ledger.codes || {})[found.code] || '', {block, found, said: found.message}, kindOfFinding(found, block) === 1 ? size : 1 + found.others);
+      if (block && (found.code === 'MD301' ? block.allUnused : found.code === 'MD302' ? block.allReplaced : 0) > 0) continue;
+      const kind = kindOfFinding(found, block);
+      const size = kind === 1 && block ? block.lastLine - block.line + 1 : 1 + found.others;
+      add(kind, found.severity, found.keyword, found.field, found.code, titleOf(found.code), {block, found, said: found.message}, size);
     }
-    for (const block of blocks) addUntold(block, add);
+    for (const block of blocks) addOfBlock(block, add);
     const list = [...groups.values()];
     list.sort((a, b) => a.kind - b.kind || b.severity - a.severity || b.size - a.size);
     return list;
   }
 
-  // What a block lost and no finding tells.
-  function addUntold(block, add) {
-    const told = (code) => block.findings.some((found) => found.code === code);
-    if (block.outcome !== 0 && block.allFindings === 0) {
-      const after = block.outcome === 4;
-      add(after ? notes : 1, after ? 0 : 1, block.keyword, '', '', outcomes[block.outcome].word,
+  const titleOf = (code) => (ledger.codes || {})[code] || '';
+
+  // What the block itself knows better than its findings, of which the first stands for all of its kind: its values. And
+  // what no finding tells.
+  function addOfBlock(block, add) {
+    const told = (code) => block.findings.find((found) => found.code === code);
+    const list = (values, all) => values.join(', ') + (values.length < all ? ' and ' + count(all - values.length) + ' more' : '');
+    if (block.outcome !== 0 && block.allFindings === 0)
+      add(block.lost ? 1 : notes, block.lost ? 1 : 0, block.keyword, '', '', outcomes[block.outcome].word,
         {block, said: outcomes[block.outcome].meaning}, block.lastLine - block.line + 1);
-    }
-    if (!told('MD302'))
-      for (const [field, value, by] of block.replaced)
-        add(2, 1, block.keyword, field, '', 'replaced value', {block, said: field + ' ' + value + ': ' + by}, 1);
-    if (!told('MD301') && !told('MD302'))
-      for (const [field, value] of block.unused)
-        add(3, 1, block.keyword, field, '', 'value not in the output', {block, said: field + ' ' + value}, 1);
+    if (block.allReplaced > 0)
+      add(2, 1, block.keyword, '', 'MD302', '', {block, found: told('MD302'),
+        said: list(block.replaced.map(([field, value, by]) => field + ' ' + value + ': ' + by), block.allReplaced)}, block.allReplaced);
+    if (block.allUnused > 0)
+      add(3, 1, block.keyword, '', 'MD301', '', {block, found: told('MD301'),
+        said: list(block.unused.map(([field, value]) => field + ' ' + value), block.allUnused)}, block.allUnused);
+  }
+
+  // How often, in the words of its kind.
+  function sizeText(group) {
+    if (group.kind === 2 || group.kind === 3) return counted(group.size, 'value', 'values');
+    const times = group.places.reduce((sum, place) => sum + 1 + (place.found ? place.found.others : 0), 0);
+    return times > 1 ? count(times) + ' times' : '';
   }
 
   function lossItem(group) {
     const places = el('ul', {class: 'places'});
+    const values = group.kind === 2 || group.kind === 3;
     folded(places, 4, group.places, (place) => el('li', {},
       place.found ? findingPlace(place.found) : blockLink(place.block), ' ',
       el('span', {class: 'text said'}, place.said),
-      place.found && place.found.others > 0 && ' (and ' + count(place.found.others) + ' more in this block)',
+      !values && place.found && place.found.others > 0 && ' (and ' + count(place.found.others) + ' more in this block)',
       place.block && [' ', outputPlaces(place.block)]));
-    const many = group.places.reduce((sum, place) => sum + 1 + (place.found ? place.found.others : 0), 0);
     return el('li', {},
       el('div', {class: 'group-head'}, badge(group.severity),
         el('span', {class: 'code'}, (group.keyword || 'the deck') + (group.field ? ' · ' + group.field : '')),
-        el('span', {}, group.title), many > 1 && el('span', {class: 'many'}, count(many) + ' times'),
+        group.title && el('span', {}, group.title), el('span', {class: 'many'}, sizeText(group)),
         group.code && el('span', {class: 'mono many'}, group.code)),
       places);
   }
@@ -460,6 +473,8 @@
   }
 
   function worstTable() {
+    if (ledger.in.worst[0].shape > 0.9995)
+      return [el('p', {class: 'hint'}, 'No element is worse in shape than a cube or a square.')];
     const table = el('table', {id: 'worst', class: 'small'}, el('caption', {}, 'Elements of the worst shape'),
       el('thead', {}, el('tr', {}, headCells([['Element', 1], ['Part', 1], ['Shape', 1], ['', 0]]))),
       el('tbody', {}, ledger.in.worst.map((element) => el('tr', {}, el('th', {scope: 'row', class: 'number'}, element.id),
@@ -879,7 +894,7 @@
       const box = codeLines(runs.flatMap((run) => [run]), 0, false);
       box.querySelectorAll('.gap').forEach((gap) => gap.remove());
       item.append(el('div', {class: 'excerpt'}, el('h4', {}, 'In ' + ledger.main_deck), box,
-        thing.all_written > thing.written.length && el('p', {class: 'hint'}, 'and ' + counted(thing.all_written - thing.written.length, 'more line', 'more lines') + ' like these')));
+        thing.written_left_out > 0 && el('p', {class: 'hint'}, 'and ' + counted(thing.written_left_out, 'more line', 'more lines') + ' like these')));
     }
     return item;
   }
