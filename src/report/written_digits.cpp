@@ -17,11 +17,15 @@ constexpr auto make_powers()
 {
     std::array<double, highest_power - lowest_power + 1> powers{};
     double below = 1;
-    for (int exponent = 0; exponent >= lowest_power; --exponent, below /= 10)
+    for (int exponent = 0; exponent >= lowest_power; --exponent) {
         powers[static_cast<std::size_t>(exponent - lowest_power)] = below;
+        below /= 10;
+    }
     double above = 1;
-    for (int exponent = 0; exponent <= highest_power; ++exponent, above *= 10)
+    for (int exponent = 0; exponent <= highest_power; ++exponent) {
         powers[static_cast<std::size_t>(exponent - lowest_power)] = above;
+        above *= 10;
+    }
     return powers;
 }
 constexpr auto powers = make_powers();
