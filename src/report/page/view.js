@@ -23,7 +23,7 @@ const viewButtons = [
   ['+X', 'Look from +X', 'x'], ['−X', 'Look from −X', '-x'],
   ['+Y', 'Look from +Y', 'y'], ['−Y', 'Look from −Y', '-y'],
   ['+Z', 'Look from +Z', 'z'], ['−Z', 'Look from −Z', '-z'],
-  ['Corner', 'Look from a corner', 'iso'],
+  ['Iso', 'Look from a corner', 'iso'],
 ];
 const clipSteps = 1000;
 const smoothFaces = 30000;
