@@ -150,7 +150,7 @@ private:
     template <class WriteArray>
     void element(std::string_view name, const WriteArray& write)
     {
-        *stream_ << "<script type=\"text/plain\" id=\"mesh-" << name << "\">";
+        *stream_ << R"(<script type="text/plain" id="mesh-)" << name << "\">";
         Base64 base64(*stream_);
         write(base64);
         base64.finish();
@@ -221,7 +221,7 @@ std::size_t mesh_size(const Surface& surface)
 
 void write_mesh_data(std::ostream& stream, const Surface& surface)
 {
-    stream << "<script type=\"application/json\" id=\"mesh\">" << in_script(header_of(surface)) << "</script>\n";
+    stream << R"(<script type="application/json" id="mesh">)" << in_script(header_of(surface)) << "</script>\n";
     Write write(stream);
     each_array(surface, write);
 }

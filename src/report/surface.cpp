@@ -26,7 +26,11 @@ struct SeenParticle {
 class Thinning
 {
 public:
-    [[nodiscard]] bool keeps(std::uint32_t ordinal) const { return ordinal * golden < kept_; }
+    [[nodiscard]] bool keeps(std::uint32_t ordinal) const
+    {
+        const std::uint32_t place = ordinal * golden;
+        return place < kept_;
+    }
 
     void keep(double share) { kept_ = static_cast<std::uint64_t>(static_cast<double>(kept_) * share); }
 

@@ -136,7 +136,7 @@ TEST(MeshData, HoldsNumbersOfAnySize)
 
 TEST(MeshData, EndsArraysOfAnyLength)
 {
-    for (const std::size_t count : {0, 1, 2, 3, 4, 5}) {
+    for (std::size_t count = 0; count <= 5; ++count) {
         Surface surface;
         surface.node_numbers.assign(count, 5);
         EXPECT_EQ(whole(page_of(surface), "node_numbers"), wide(surface.node_numbers));
