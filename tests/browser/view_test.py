@@ -201,9 +201,10 @@ class Picture(ViewTest):
         self.assertRegex(self.said(), r"^Surface of 132,540 faces\. Thinned: [\d,]+ of them, spread evenly, are shown\.$")
         self.assertGreater(self.share(), 0.02)
 
-    def test_shows_a_model_of_nothing(self):
-        self.show("nothing.html")
-        self.assertEqual(self.said(), "There is nothing to show.")
+    def test_is_not_there_for_a_model_of_nothing(self):
+        self.open(pages / "nothing.html")
+        self.assertIn("there are no elements to draw", self.text("#view-hint"))
+        self.assertEqual(self.all(".view-canvas"), [])
         self.assert_quiet(pages / "nothing.html")
 
     def test_comes_back_when_the_graphics_were_lost(self):
