@@ -240,7 +240,7 @@ int convert_deck(const Arguments& arguments)
         run_converter(folder, settings, account);
         ledger = ledger_of(arguments, folder, settings, account, prepared);
     }
-    ledger.faults = report::faults(ledger, folder.path(), arguments.deck);
+    ledger.faults = report::faults(ledger, folder.path(), arguments.deck, false);
     write_whole(folder.path() / ledger_name, [&](std::ostream& stream) { report::write_json(stream, ledger); });
     write_report(ledger, folder);
     folder.put_in_place();
