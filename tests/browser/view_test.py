@@ -102,6 +102,10 @@ class ViewTest(browser.PageTest):
     def share(self):
         return self.js(SHARE)
 
+    def hint(self):
+        """What the page says in place of the view, which it builds last."""
+        return self.wait("return document.querySelector('#view-hint').textContent")
+
     def said(self):
         return self.text(".view-said")
 
@@ -203,7 +207,7 @@ class Picture(ViewTest):
 
     def test_is_not_there_for_a_model_of_nothing(self):
         self.open(pages / "nothing.html")
-        self.assertIn("there are no elements to draw", self.text("#view-hint"))
+        self.assertIn("there are no elements to draw", self.hint())
         self.assertEqual(self.all(".view-canvas"), [])
         self.assert_quiet(pages / "nothing.html")
 
@@ -223,7 +227,7 @@ class Picture(ViewTest):
             "HTMLCanvasElement.prototype.getContext = () => null;"})
         try:
             self.open(pages / "beside.html")
-            self.assertIn("not available", self.text("#view-hint"))
+            self.assertIn("no WebGL", self.hint())
             self.assertEqual(self.all(".view-canvas"), [])
         finally:
             self.driver.execute_cdp_cmd("Page.removeScriptToEvaluateOnNewDocument", script)
