@@ -252,9 +252,10 @@ private:
     {
         count_.box = {{low_[0], low_[1], low_[2]}, {high_[0], high_[1], high_[2]}, count_.nodes == 0};
         if (shortest_) std::tie(count_.smallest_edge, count_.smallest_edge_element) = *shortest_;
-        for (auto& [id, part] : parts_) {
-            if (const auto sums = sums_.find(id); sums != sums_.end()) sums->second.give(part);
-            count_.parts.push_back(std::move(part));
+        while (!parts_.empty()) {  // many parts are not held twice
+            auto part = parts_.extract(parts_.begin());
+            if (const auto sums = sums_.extract(part.key())) sums.mapped().give(part.mapped());
+            count_.parts.push_back(std::move(part.mapped()));
         }
         std::sort(count_.sets.begin(), count_.sets.end(), [](const SetCount& a, const SetCount& b) {
             return std::tie(a.kind, a.id, a.members, a.digest) < std::tie(b.kind, b.id, b.members, b.digest);

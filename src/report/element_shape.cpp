@@ -33,8 +33,9 @@ constexpr Places faces[] = {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4}, {1, 2, 6, 
 constexpr std::array<std::size_t, 2> edges[] = {{0, 1}, {1, 2}, {2, 3}, {3, 0}, {4, 5}, {5, 6},
                                                 {6, 7}, {7, 4}, {0, 4}, {1, 5}, {2, 6}, {3, 7}};
 // The neighbours of each corner, in right-handed order.
-constexpr std::array<std::size_t, 3> neighbours[] = {{1, 3, 4}, {2, 0, 5}, {3, 1, 6}, {0, 2, 7},
-                                                     {7, 5, 0}, {4, 6, 1}, {5, 7, 2}, {6, 4, 3}};
+using Ends = std::array<std::size_t, 3>;
+constexpr std::array<Ends, 8> neighbours = {
+    {{1, 3, 4}, {2, 0, 5}, {3, 1, 6}, {0, 2, 7}, {7, 5, 0}, {4, 6, 1}, {5, 7, 2}, {6, 4, 3}}};
 
 // By the divergence theorem both integrals are sums over the faces, which are bilinear: on a face r(u, v) the integrand
 // r . (r_u x r_v) is bilinear, too, with the values `g` at the corners. So its integral is their mean, and that of its
@@ -53,7 +54,7 @@ void integrate_face(const Vector& a, const Vector& b, const Vector& c, const Vec
     }
 }
 
-double corner_quality(const Points& at, std::size_t corner, const std::array<std::size_t, 3>& ends)
+double corner_quality(const Points& at, std::size_t corner, const Ends& ends)
 {
     const Vector a = at[ends[0]] - at[corner];
     const Vector b = at[ends[1]] - at[corner];
@@ -63,7 +64,7 @@ double corner_quality(const Points& at, std::size_t corner, const std::array<std
 
 // Where an edge of a corner has no length, the edge that goes on from its other end takes its place. False when the
 // corner has not three different edges: then others of the element tell.
-bool find_edges(const Nodes& nodes, std::size_t corner, std::array<std::size_t, 3>& ends)
+bool find_edges(const Nodes& nodes, std::size_t corner, Ends& ends)
 {
     ends = neighbours[corner];
     for (std::size_t i = 0; i < 3; ++i) {
@@ -83,7 +84,7 @@ double worst_corner(const Nodes& nodes, const Points& at)
 {
     double worst = infinite;
     for (std::size_t corner = 0; corner < 8; ++corner) {
-        std::array<std::size_t, 3> ends{};
+        Ends ends{};
         if (!find_edges(nodes, corner, ends)) continue;
         const double quality = corner_quality(at, corner, ends);
         if (!(quality >= worst)) worst = quality;

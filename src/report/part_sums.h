@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 
 #include "report/count.h"
 #include "report/element_shape.h"
@@ -32,12 +33,22 @@ private:
         void add(double factor, const Sum& other);
     };
 
-    Sum solids_;                            // volume
-    Sum shells_;                            // volume of what has its own thickness
-    std::array<Sum, 4> shells_by_section_;  // area that takes the thickness of that corner of the section
-    Sum area_;                              // of all shells
-    Sum particles_;                         // mass
-    Sum points_;                            // number of particles
+    // Of solids and shells.
+    [[nodiscard]] Sum volume_of(const PartCount& part) const;
+
+    struct Shells {
+        Sum own;                        // volume of what has its own thickness
+        std::array<Sum, 4> by_section;  // area that takes the thickness of that corner of the section
+        Sum area;                       // of all
+    };
+    struct Particles {
+        Sum mass;
+        Sum number;
+    };
+
+    Sum solids_;  // volume
+    std::unique_ptr<Shells> shells_;
+    std::unique_ptr<Particles> particles_;
 };
 
 }  // namespace report

@@ -12,21 +12,23 @@ namespace
 // Powers of ten around the exponents of single precision, as near as doubles come.
 constexpr int lowest_power = -60;
 constexpr int highest_power = 40;
+constexpr std::size_t number_of_powers = 101;
+static_assert(number_of_powers == highest_power - lowest_power + 1);
 
 constexpr auto make_powers()
 {
-    std::array<double, highest_power - lowest_power + 1> powers{};
+    std::array<double, number_of_powers> table{};
     double below = 1;
     for (int exponent = 0; exponent >= lowest_power; --exponent) {
-        powers[static_cast<std::size_t>(exponent - lowest_power)] = below;
+        table[static_cast<std::size_t>(exponent - lowest_power)] = below;
         below /= 10;
     }
     double above = 1;
     for (int exponent = 0; exponent <= highest_power; ++exponent) {
-        powers[static_cast<std::size_t>(exponent - lowest_power)] = above;
+        table[static_cast<std::size_t>(exponent - lowest_power)] = above;
         above *= 10;
     }
-    return powers;
+    return table;
 }
 constexpr auto powers = make_powers();
 
