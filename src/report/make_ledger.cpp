@@ -196,14 +196,12 @@ private:
     void add_not_carried();
     [[nodiscard]] std::vector<File> files_without_sums() const;
     [[nodiscard]] fs::path path_of(const File& file) const;
-    void attach(std::size_t finding, Block& block);
 
     const Account* account_;
     const Conversion* conversion_;
     ConvertedDeck deck_;
     std::vector<Logged> logged_;
     std::vector<std::vector<Lines>> lines_;  // by keyword line of the converted deck
-    std::vector<std::string> origins_;       // of the ledger's blocks: their procedure where it is prepare's
     Ledger ledger_;
 };
 
@@ -315,11 +313,6 @@ void Maker::fill_blocks()
 
 // ---- findings ------------------------------------------------------------------------------------------------------
 
-void Maker::attach(std::size_t finding, Block& block)
-{
-    block.findings.push_back(finding);
-}
-
 void Maker::add_findings()
 {
     check::Options options;
@@ -340,7 +333,7 @@ void Maker::add_findings()
         const auto behind = std::upper_bound(places.begin(), places.end(), std::make_pair(place.line, places.size()));
         if (behind == places.begin()) continue;
         Block& block = ledger_.blocks[(behind - 1)->second];
-        if (place.line <= block.prepared_last_line) attach(i, block);
+        if (place.line <= block.prepared_last_line) block.findings.push_back(i);
     }
 }
 
@@ -357,7 +350,7 @@ void Maker::add_not_carried()
         for (const std::size_t i : file->second) {  // a file may be included more than once
             Block& block = ledger_.blocks[i];
             if (finding.place.line < block.line || finding.place.line > block.last_line) continue;
-            attach(ledger_.findings.size() - 1, block);
+            block.findings.push_back(ledger_.findings.size() - 1);
             break;
         }
     }
@@ -401,10 +394,7 @@ Ledger Maker::make()
     ledger_.files = files_without_sums();
     // sums take as long as all else, and need nothing of it
     std::future<void> sums = std::async([this] {
-        for (File& file : ledger_.files) {
-            const fs::path path = path_of(file);
-            file.sha256 = sha256_of_file(path, &file.size);
-        }
+        for (File& file : ledger_.files) file.sha256 = sha256_of_file(path_of(file), &file.size);
     });
     ledger_.deck = conversion_->deck.filename().string();
     for (std::size_t i = 0; i < control_flags.size(); ++i)

@@ -86,6 +86,6 @@ Ledger make_ledger(const Account& account, const Conversion& conversion);
 // checksums, which takes as long as all else. Converts an empty deck: takes the run of the process and leaves it as it
 // is before a run.
 std::vector<std::string> faults(const Ledger& ledger, const std::filesystem::path& folder,
-                                const std::filesystem::path& deck, bool with_sums = true);
+                                const std::filesystem::path& deck, bool with_sums = false);
 
 }  // namespace report

@@ -69,7 +69,7 @@ Ledger ledger_of(std::string_view deck, const RunFlags& flags = every_output, bo
 {
     write_file("model.k", deck);
     Ledger ledger = account_for("model.k", "out", flags, prepare);
-    for (const std::string& fault : faults(ledger, "out", "model.k")) ADD_FAILURE() << fault;
+    for (const std::string& fault : faults(ledger, "out", "model.k", true)) ADD_FAILURE() << fault;
     return ledger;
 }
 
@@ -392,11 +392,11 @@ TEST_F(LedgerBlocks, AreHeldAgainstTheFilesThatTheyStandIn)
         std::string digit = before;
         digit[digit.find_last_of("0123456789*-")] ^= 1;
         write_file(file, digit);
-        EXPECT_FALSE(faults(ledger, "out", "model.k").empty()) << file;
+        EXPECT_FALSE(faults(ledger, "out", "model.k", true).empty()) << file;
         write_file(file, before.substr(before.find('\n') + 1));
-        EXPECT_FALSE(faults(ledger, "out", "model.k", false).empty()) << file;
+        EXPECT_FALSE(faults(ledger, "out", "model.k").empty()) << file;
         write_file(file, before);
     }
-    EXPECT_TRUE(faults(ledger, "out", "model.k").empty());
+    EXPECT_TRUE(faults(ledger, "out", "model.k", true).empty());
 }
 }  // namespace

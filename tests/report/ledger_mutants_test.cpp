@@ -27,7 +27,7 @@ protected:
         ledger_ = account_for("model.k", "out");
     }
 
-    [[nodiscard]] bool is_caught(const Ledger& ledger) const { return !faults(ledger, "out", "model.k").empty(); }
+    [[nodiscard]] bool is_caught(const Ledger& ledger) const { return !faults(ledger, "out", "model.k", true).empty(); }
 
     TemporaryFolder folder_;
     Ledger ledger_;

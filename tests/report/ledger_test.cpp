@@ -72,7 +72,7 @@ void expect_closed(const std::string& deck)
         const TemporaryFolder folder;
         try {
             const Ledger ledger = account_for(deck, "out", every_output, prepare);
-            EXPECT_EQ(joined(faults(ledger, "out", deck)), "") << deck << " " << prepare;
+            EXPECT_EQ(joined(faults(ledger, "out", deck, true)), "") << deck << " " << prepare;
         } catch (const deck::Fault& fault) {
             EXPECT_TRUE(prepare) << deck << ": " << fault.what();
         }
@@ -87,7 +87,7 @@ TEST(Ledger, ClosesOnStrictModels)
         write_file("model.k", models::strict(models::random_model(seed)));
         for (const bool prepare : {true, false}) {
             const Ledger ledger = account_for("model.k", "out", settings[seed % settings.size()], prepare);
-            ASSERT_EQ(joined(faults(ledger, "out", "model.k")), "") << seed << " " << prepare;
+            ASSERT_EQ(joined(faults(ledger, "out", "model.k", true)), "") << seed << " " << prepare;
         }
     }
 }
@@ -101,7 +101,7 @@ TEST(Ledger, ClosesOnModelsInEveryStyle)
         write_files(spelled.files);
         for (const bool prepare : {true, false}) {
             const Ledger ledger = account_for(spelled.main_deck, "out", every_output, prepare);
-            ASSERT_EQ(joined(faults(ledger, "out", spelled.main_deck)), "") << seed << " " << prepare;
+            ASSERT_EQ(joined(faults(ledger, "out", spelled.main_deck, true)), "") << seed << " " << prepare;
         }
     }
 }
