@@ -8,6 +8,7 @@
 A test file starts one browser. The programs and folders are told by the environment: MORVEX_DECK_PROGRAM, MORVEX_EXAMPLES,
 MORVEX_SAMPLE_PAGES (a program that writes pages), MORVEX_SCREENSHOTS (a folder that is kept).
 """
+import base64
 import json
 import os
 import shutil
@@ -139,10 +140,9 @@ class PageTest(unittest.TestCase):
             self.find(selector).screenshot(str(path))
         elif whole:
             width, height = self.js("return [innerWidth, Math.min(document.documentElement.scrollHeight, 12000)]")
-            self.size(width, height)
-            self.js("return new Promise(done => requestAnimationFrame(() => requestAnimationFrame(done)))")
-            self.driver.save_screenshot(str(path))
-            self.size(width)
+            picture = self.driver.execute_cdp_cmd("Page.captureScreenshot", {
+                "captureBeyondViewport": True, "clip": {"x": 0, "y": 0, "width": width, "height": height, "scale": 1}})
+            path.write_bytes(base64.b64decode(picture["data"]))
         else:
             self.driver.save_screenshot(str(path))
         return path

@@ -297,7 +297,7 @@
     return el('li', {},
       el('div', {class: 'group-head'}, badge(group.severity),
         el('span', {class: 'code'}, (group.keyword || 'the deck') + (group.field ? ' · ' + group.field : '')),
-        group.title && el('span', {}, group.title), el('span', {class: 'many'}, sizeText(group)),
+        group.title && el('span', {}, group.title), sizeText(group) && el('span', {class: 'many'}, sizeText(group)),
         group.code && el('span', {class: 'mono many'}, group.code)),
       places);
   }
