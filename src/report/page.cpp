@@ -144,7 +144,7 @@ private:
 template <class Write>
 void write_json_element(std::ostream& stream, std::string_view id, const Write& write)
 {
-    stream << "<script type=\"application/json\" id=\"" << id << "\">";
+    stream << R"(<script type="application/json" id=")" << id << R"(">)";
     write();
     stream << "</script>\n";
 }
@@ -162,11 +162,11 @@ void write_page(std::ostream& to, const Ledger& ledger, const Surface& surface, 
     page.until("<title>", "</title>");
     stream << "<title>" << deck << ": " << said << "</title>";
     for (const Embedded& style : styles) {
-        page.until("<link rel=\"stylesheet\" href=\"" + std::string(style.file) + "\">");
+        page.until(R"(<link rel="stylesheet" href=")" + std::string(style.file) + R"(">)");
         stream << "<style>" << element_text(style) << "</style>";
     }
     page.until("<h1>", "</h1>");
-    stream << "<h1>" << deck << ": <span class=\"verdict-words\">" << said << "</span></h1>";
+    stream << "<h1>" << deck << R"(: <span class="verdict-words">)" << said << "</span></h1>";
     page.until("<!-- version -->", "<!-- end of version -->");
     stream << version();
     page.until("<!-- data -->", "<!-- end of data -->");
@@ -175,7 +175,7 @@ void write_page(std::ostream& to, const Ledger& ledger, const Surface& surface, 
     write_json_element(stream, "ledger", [&] { write_ledger_data(stream, ledger, limits); });
     write_json_element(stream, "details", [&] { write_details_data(stream, ledger, folder, limits); });
     for (const Embedded& script : scripts) {
-        page.until("<script src=\"" + std::string(script.file) + "\"></script>");
+        page.until(R"(<script src=")" + std::string(script.file) + R"("></script>)");
         stream << "<script>" << element_text(script) << "</script>";
     }
     page.finish();

@@ -36,7 +36,7 @@ public:
         return place->second;
     }
     [[nodiscard]] std::size_t bytes() const { return bytes_; }
-    [[nodiscard]] Json json() const { return Json(list_); }
+    [[nodiscard]] const std::vector<std::string>& list() const { return list_; }
 
 private:
     std::map<std::string, std::size_t> numbers_;
@@ -364,9 +364,9 @@ void write_ledger_data(std::ostream& stream, const Ledger& ledger, const PageLim
     std::string head = in_script(head_of(ledger, limits));
     head.pop_back();  // the object goes on
     stream << head << ",\n\"names\": "
-           << in_script({{"files", names.files.json()},
-                         {"keywords", names.keywords.json()},
-                         {"procedures", names.procedures.json()}});
+           << in_script({{"files", names.files.list()},
+                         {"keywords", names.keywords.list()},
+                         {"procedures", names.procedures.list()}});
     write_rows(stream, "blocks", blocks);
     write_rows(stream, "findings", findings);
     stream << "}";

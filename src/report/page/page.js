@@ -480,7 +480,7 @@
       el('tbody', {}, ledger.in.worst.map((element) => el('tr', {}, el('th', {scope: 'row', class: 'number'}, element.id),
         el('td', {class: 'number'}, element.part), el('td', {class: 'number'}, Number(element.shape.toFixed(3))),
         el('td', {}, element.shape <= 0 ? 'flat or turned inside out' : '')))));
-    return [el('div', {class: 'scroll'}, table),
+    return [scrolled(table, 'Elements of the worst shape'),
       el('p', {class: 'hint'}, 'Shape is 1 for a cube or a square, and 0 or less for an element that is flat or turned inside out.')];
   }
 
@@ -488,7 +488,7 @@
     const body = byId('numbers-body');
     const {table, differing} = numbersTable();
     body.append(...differences());
-    body.append(el('div', {class: 'scroll'}, table));
+    body.append(scrolled(table, 'Model'));
     if (ledger.in.smallest_edge > 0)
       body.append(el('p', {class: 'hint'}, 'The smallest edge belongs to element ' + ledger.in.smallest_edge_element + '.'));
     let all = differing;
@@ -758,7 +758,8 @@
       'aria-label': block.keyword + ' at ' + block.file + ' line ' + block.line}, open ? '−' : '+');
     const row = el('tr', {class: open ? 'row open' : 'row', id: 'block-' + block.number},
       el('td', {class: 'c-open'}, button), el('td', {class: 'c-place mono'}, block.file + ':' + block.line),
-      el('th', {class: 'mono', scope: 'row'}, block.keyword, el('span', {class: 'narrow-place'}, block.file + ':' + block.line)), el('td', {class: 'c-outcome'}, outcomeText(block.outcome)),
+      el('th', {class: 'mono', scope: 'row'}, block.keyword, el('span', {class: 'narrow-place'}, block.file + ':' + block.line,
+        severityOf(block) >= 0 && ' · ' + severities[severityOf(block)])), el('td', {class: 'c-outcome'}, outcomeText(block.outcome)),
       el('td', {class: 'c-cards number'}, count(block.lastLine - block.line + 1)), el('td', {class: 'c-findings'}, findingsCell(block)));
     row.addEventListener('click', (event) => {
       if (String(window.getSelection()) !== '' && event.target !== button) return;
