@@ -7,11 +7,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "reader/file_position.h"
 #include "support/convert.h"
 #include "support/keyword_lines.h"
 #include "support/random.h"
@@ -457,4 +460,26 @@ TEST_F(ShrinkingFile, FileThatGrowsIsReadToItsFirstLength)
     write_file("deck.k", text_ + "*MORE\n");
     EXPECT_EQ(read_on(stream, text_.size() + 5), text_ + "*END\n");
     EXPECT_EQ(stream.failure(), "");
+}
+
+// Beyond what 31 and 32 bits can count: most of the file is a hole.
+TEST(LongDeck, IsReadBehindTwoAndFourGiB)
+{
+    const TemporaryFolder folder;
+    for (const std::int64_t before : {std::int64_t{1} << 31, (std::int64_t{1} << 32) + 10}) {
+        std::FILE* const file = std::fopen("deck.k", "wb");
+        ASSERT_NE(file, nullptr);
+        ASSERT_EQ(seek_file(file, before, SEEK_SET), 0);
+        ASSERT_GE(std::fputs("\n*NODE\n*EN", file), 0);
+        ASSERT_EQ(tell_file(file), before + 10);
+        ASSERT_EQ(std::fclose(file), 0);
+
+        InputStream stream;
+        ASSERT_TRUE(stream.open("deck.k", 4096));
+        EXPECT_EQ(stream.size(), static_cast<Position>(before) + 10);
+        stream.seek(static_cast<Position>(before) + 1);
+        EXPECT_EQ(read_on(stream, 9), "*NODE\n*EN");
+        EXPECT_EQ(stream.next(), '\n');
+        EXPECT_EQ(stream.failure(), "");
+    }
 }
