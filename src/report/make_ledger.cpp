@@ -100,6 +100,13 @@ bool has_silent_forms(std::string_view procedure)
     return procedure == "bspc" || procedure == "bprescribedmotion" || procedure == "loadnode";
 }
 
+// Handlers whose values the sections write in lines of their own, if the settings want those.
+bool is_collected(std::string_view procedure)
+{
+    return std::any_of(setting_lines().begin(), setting_lines().end(),
+                       [=](const SettingLine& line) { return line.procedure == procedure; });
+}
+
 // Tells what became of a keyword line. The flags of the run must be set.
 class Judge
 {
@@ -120,7 +127,7 @@ public:
         if (frames(name)) return Outcome::converted;
         if (is_for_preparing(name)) return prepared_ ? Outcome::converted : Outcome::not_known;
         if (deck::is_of(name, "*COMMENT")) return Outcome::passed_over;
-        if (block.converted) return of_converted(block, logged, has_lines);
+        if (block.converted) return of_converted(number, logged, has_lines);
         const check::Expectation& expectation = expectations_.of(at.text);
         switch (expectation.outcome) {
         case check::Outcome::passed_over:
@@ -137,11 +144,16 @@ public:
     }
 
 private:
-    static Outcome of_converted(const Account::Block& block, const Logged& logged, bool has_lines)
+    [[nodiscard]] Outcome of_converted(BlockNumber number, const Logged& logged, bool has_lines) const
     {
-        const bool silent = std::any_of(block.procedures.begin(), block.procedures.end(), has_silent_forms);
-        const bool refused = logged.groups > 0 && (logged.refused == logged.groups || silent);
-        return refused && !has_lines ? Outcome::skipped : Outcome::converted;
+        if (has_lines) return Outcome::converted;
+        const std::vector<std::string_view>& ran = account_->blocks()[number].procedures;
+        const bool silent = std::any_of(ran.begin(), ran.end(), has_silent_forms);
+        if (logged.groups > 0 && (logged.refused == logged.groups || silent)) return Outcome::skipped;
+        const bool collected = std::any_of(ran.begin(), ran.end(), [&](std::string_view procedure) {
+            return is_collected(procedure) && account_->last_of(procedure) == number;
+        });
+        return collected ? Outcome::passed_over : Outcome::converted;
     }
 
     // Else the passes have gone by without meeting it: it was taken for a card.

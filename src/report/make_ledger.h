@@ -76,8 +76,10 @@ struct Conversion {
 // Readings: *KEYWORD and the deck's *END are converted, by nobody, and make no line. What serves preparing alone
 // (*INCLUDE and its kin, *PARAMETER, *DEFINE_TRANSFORMATION, *KEYWORD and *END of include files) is converted by
 // "prepare"; without preparing it is not known. A handler that has refused each of a block's cards, or has no form to
-// write them in, has skipped the block. A block behind a keyword line that has ended its pass is after the end, too;
-// one that was read as a card of the block before it is skipped. *COMMENT is passed over, and no loss.
+// write them in, has skipped the block. Values that are collected, and for which the settings want no line, are passed
+// over (*CONTROL_HOURGLASS in a concise deck); those that a later block has overridden are converted, and have no line.
+// A block behind a keyword line that has ended its pass is after the end, too; one that was read as a card of the block
+// before it is skipped. *COMMENT is passed over, and no loss.
 Ledger make_ledger(const Account& account, const Conversion& conversion);
 
 // What is wrong with a ledger, held against the files themselves: `folder` as above, and the user's deck. Empty when

@@ -227,6 +227,22 @@ TEST_F(LedgerBlocks, WhoseCardsAreRefusedAreSkipped)
     EXPECT_EQ(lines_equal(made(block_of(ledger, "*BOUNDARY_SPC_NODE")), " Nodal SPC node:"), 1U);
 }
 
+TEST_F(LedgerBlocks, WhoseLinesTheSettingsDoNotWantArePassedOver)
+{
+    constexpr std::string_view deck = "*KEYWORD\n"
+                                      "*CONTROL_BULK_VISCOSITY\n"
+                                      "       1.2       0.1         1\n"
+                                      "*END\n";
+    RunFlags concise = every_output;
+    concise[3] = 0;
+    const Ledger without = ledger_of(deck, concise);
+    EXPECT_EQ(block_of(without, "*CONTROL_BULK_VISCOSITY").outcome, report::Outcome::passed_over);
+    EXPECT_TRUE(is_lost(without, block_of(without, "*CONTROL_BULK_VISCOSITY")));
+    const Ledger with = ledger_of(deck);
+    EXPECT_EQ(block_of(with, "*CONTROL_BULK_VISCOSITY").outcome, report::Outcome::converted);
+    EXPECT_EQ(lines_with(made(block_of(with, "*CONTROL_BULK_VISCOSITY")), " Quadratic bulk viscosity coefficient"), 1U);
+}
+
 TEST_F(LedgerBlocks, TellWhatIsNotUsedOrReplacedWithItsValue)
 {
     const Ledger ledger = ledger_of("*KEYWORD\n"
