@@ -22,20 +22,23 @@ struct SeenParticle {
     std::uint32_t part = 0;
 };
 
-// Says which elements are kept: any share of them, spread evenly over their order.
+// Says which elements are kept: any share of them. Chosen as if by lot, though the same each time: any rule by their
+// order would fall in step with the rows of a regular mesh, and leave out whole sides of it.
 class Thinning
 {
 public:
-    [[nodiscard]] bool keeps(std::uint32_t ordinal) const
-    {
-        const std::uint32_t place = ordinal * golden;
-        return place < kept_;
-    }
+    [[nodiscard]] bool keeps(std::uint32_t ordinal) const { return lot(ordinal) < kept_; }
 
     void keep(double share) { kept_ = static_cast<std::uint64_t>(static_cast<double>(kept_) * share); }
 
 private:
-    static constexpr std::uint32_t golden = 2654435769U;  // 2^32 divided by the golden ratio: multiples lie evenly
+    static std::uint32_t lot(std::uint32_t bits)
+    {
+        bits = (bits ^ bits >> 16U) * 0x7feb352dU;
+        bits = (bits ^ bits >> 15U) * 0x846ca68bU;
+        return bits ^ bits >> 16U;
+    }
+
     std::uint64_t kept_ = std::uint64_t{1} << 32U;
 };
 

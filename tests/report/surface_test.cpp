@@ -258,11 +258,31 @@ TEST(Surface, IsThinnedEvenlyToTheSizeOfThePage)
     EXPECT_LE(report::mesh_size(thinned), third);
     EXPECT_GE(report::mesh_size(thinned), third / 2);
     ASSERT_EQ(thinned.parts.size(), 2U);
+    // By lot: three standard deviations.
     EXPECT_NEAR(static_cast<double>(thinned.parts[0].faces), static_cast<double>(thinned.parts[1].faces),
-                0.05 * static_cast<double>(thinned.parts[0].faces));
+                0.15 * static_cast<double>(thinned.parts[0].faces));
     EXPECT_EQ(mesh.surface({.bytes = third}).faces, thinned.faces);
     const auto all = described(whole), some = described(thinned);
     EXPECT_TRUE(std::includes(all.begin(), all.end(), some.begin(), some.end()));
+}
+
+// Rows of 47 and layers of 47 by 47 are a trap for thinning by order.
+TEST(Surface, IsThinnedAlikeOnAllSidesOfABlock)
+{
+    SmallMesh mesh;
+    mesh.block({47, 47, 47}, 1);
+    const Surface thinned = mesh.surface({.bytes = report::mesh_size(mesh.surface()) / 4});
+    std::array<std::array<double, 2>, 3> sides{};  // faces by axis and end
+    for (const auto& face : thinned.faces)
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            const double first = at(thinned, face[0])[axis];
+            if (std::all_of(face.begin(), face.end(),
+                            [&](std::uint32_t node) { return at(thinned, node)[axis] == first; }))
+                sides[axis][first > 20 ? 1 : 0] += 1;
+        }
+    const double average = static_cast<double>(thinned.faces.size()) / 6;
+    for (const auto& axis : sides)
+        for (const double side : axis) EXPECT_NEAR(side, average, 0.2 * average);
 }
 
 TEST(Surface, IsThinnedWhileItIsRead)

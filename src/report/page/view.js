@@ -143,7 +143,7 @@ class View {
     if (allParticles) texts.push(countText(allParticles, 'particle', 'particles'));
     const seen = texts.length ? `Surface of ${texts.join(' and ')}.` : 'There is nothing to show.';
     if (kept >= all) return seen;
-    return `${seen} Thinned: ${kept.toLocaleString('en')} of them, spread evenly, are shown.`;
+    return `${seen} Thinned: ${kept.toLocaleString('en')} of them, spread evenly, stand for all.`;
   }
 
   toolbar() {
@@ -470,6 +470,7 @@ class View {
     const ratio = this.renderer.getPixelRatio();
     this.world.shared.particleSize.value = this.particlePixels() * ratio;
     this.world.shared.markSize.value = 7 * ratio;
+    this.world.setScale(this.camera.pixel());
     this.renderer.render(this.world.scene, this.camera.camera);
     this.triad.turn(this.camera.camera.quaternion);
     this.noteFirst();

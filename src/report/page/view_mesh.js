@@ -58,6 +58,32 @@ function faceBuffers(positions, faces) {
   return {points, marks, triangles};
 }
 
+// For each point that faceBuffers() gives, the middle of its face.
+function faceCentres(points) {
+  const centres = new Float32Array(points.length);
+  for (let face = 0; face < points.length; face += 12) {
+    for (let axis = 0; axis < 3; axis++) {
+      const at = face + axis;
+      const sum = points[at] + points[at + 3] + points[at + 6] + points[at + 9];
+      centres[at] = centres[at + 3] = centres[at + 6] = centres[at + 9] = sum / 4;
+    }
+  }
+  return centres;
+}
+
+// How wide a face is, on average: half the sum of its diagonals, over at most a thousand of them.
+function faceWidth(points) {
+  const between = (a, b) => Math.hypot(points[a] - points[b], points[a + 1] - points[b + 1], points[a + 2] - points[b + 2]);
+  const step = 12 * Math.max(Math.floor(points.length / 12000), 1);
+  let sum = 0;
+  let count = 0;
+  for (let at = 0; at < points.length; at += step) {
+    sum += (between(at, at + 6) + between(at + 3, at + 9)) / 2 / Math.SQRT2;
+    count++;
+  }
+  return count ? sum / count : 0;
+}
+
 // The smallest box around the nodes.
 function boundsOf(positions) {
   const low = [Infinity, Infinity, Infinity];
@@ -128,5 +154,5 @@ function nearestParticle(arrays, part, ray, radius, plane, best) {
   }
 }
 
-return {meshArrays, faceBuffers, boundsOf, nearestFace, nearestParticle};
+return {meshArrays, faceBuffers, faceCentres, faceWidth, boundsOf, nearestFace, nearestParticle};
 })();

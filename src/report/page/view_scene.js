@@ -1,7 +1,7 @@
 // What is drawn: faces by part, particles, and what is marked in them.
 'use strict';
 const viewScene = (() => {
-const {faceBuffers} = viewMesh;
+const {faceBuffers, faceCentres, faceWidth} = viewMesh;
 
 const partColours = [
   '#4e8fce', '#e68a2e', '#5bab5b', '#c9534f', '#9673c0', '#a3785f', '#d683bf', '#b5b13c', '#35b3bd', '#8f98a3',
@@ -27,10 +27,17 @@ attribute vec4 mark;
 varying vec3 vMark;
 varying vec3 vAt;
 varying vec3 vEye;
+#ifdef GROWS
+attribute vec3 centre;
+uniform float growth;
+#endif
 void main() {
   vMark = mark.xyz;
   vAt = position;
-  vec4 eye = modelViewMatrix * vec4(position, 1.0);
+#ifdef GROWS
+  vAt = centre + growth * (position - centre);
+#endif
+  vec4 eye = modelViewMatrix * vec4(vAt, 1.0);
   vEye = eye.xyz;
   gl_Position = projectionMatrix * eye;
 }`;
@@ -89,10 +96,13 @@ class MeshScene {
       plane: {value: new THREE.Vector4(0, 0, 0, 0)},
       lineColour: {value: new THREE.Color(0x1a1a1a)},
       lines: {value: 1},
+      growth: {value: 1},
       particleSize: {value: 4},
       markSize: {value: 8},
     };
     this.drawn = this.parts.map(() => []);
+    const left = arrays.faces.length / 4;
+    this.fullGrowth = left < header.all_faces ? Math.min(1.3 * Math.sqrt(header.all_faces / left), 6) : 1;
     this.addFaces();
     this.addParticles();
     this.picked = new THREE.Group();
@@ -100,12 +110,13 @@ class MeshScene {
     this.scene.add(this.marked, this.picked);
   }
 
-  faceMaterial(colour, inside) {
-    const {plane, lineColour, lines} = this.shared;
+  faceMaterial(colour, inside, grows = false) {
+    const {plane, lineColour, lines, growth} = this.shared;
     return new THREE.ShaderMaterial({
       vertexShader: faceVertexShader,
       fragmentShader: faceFragmentShader,
-      uniforms: {colour: {value: colour}, inside: {value: inside}, plane, lineColour, lines},
+      defines: grows ? {GROWS: ''} : {},
+      uniforms: {colour: {value: colour}, inside: {value: inside}, plane, lineColour, lines, growth},
       side: THREE.DoubleSide,
       extensions: {derivatives: true},
     });
@@ -133,12 +144,15 @@ class MeshScene {
       mark: new THREE.BufferAttribute(marks, 4, true),
       index: new THREE.BufferAttribute(triangles, 1),
     };
+    const grows = this.fullGrowth > 1;
+    if (grows) shared.centre = new THREE.BufferAttribute(faceCentres(points), 3);
+    this.faceWidth = faceWidth(points);
     this.parts.forEach((part, place) => {
       if (!part.faces) return;
       const solid = elements[part.first_face] < this.solids;
       const geometry = faceGeometry(shared);
       geometry.setDrawRange(part.first_face * 6, part.faces * 6);
-      this.add(place, new THREE.Mesh(geometry, this.faceMaterial(colourAt(place), solid ? 1 : 0)));
+      this.add(place, new THREE.Mesh(geometry, this.faceMaterial(colourAt(place), solid ? 1 : 0, grows)));
     });
   }
 
@@ -153,6 +167,13 @@ class MeshScene {
       geometry.setDrawRange(part.first_particle, part.particles);
       this.add(place, new THREE.Points(geometry, this.pointMaterial(colourAt(place), this.shared.particleSize)));
     });
+  }
+
+  // Where faces were left out, the others are drawn larger to stand for them, as long as they are small: a length of the
+  // model of `pixel` is one pixel of the picture.
+  setScale(pixel) {
+    const near = Math.min(Math.max((this.faceWidth / pixel - 4) / 8, 0), 1);
+    this.shared.growth.value = this.fullGrowth + (1 - this.fullGrowth) * near;
   }
 
   show(place, on) {
@@ -200,10 +221,11 @@ function uncull(object) {
   return object;
 }
 
-function faceGeometry({position, mark, index}) {
+function faceGeometry({position, mark, centre, index}) {
   const geometry = new THREE.BufferGeometry();
   geometry.setAttribute('position', position);
   geometry.setAttribute('mark', mark);
+  if (centre) geometry.setAttribute('centre', centre);
   geometry.setIndex(index);
   return geometry;
 }
