@@ -211,6 +211,7 @@ class Sample(PageTest):
                         ".filter(element => element.checkVisibility() && !element.closest('thead')).map(element => element.outerHTML)")
         self.assertEqual(shown, [])
         self.assertTrue(self.js("return document.querySelector('#block-table').checkVisibility()"))
+        self.assertGreater(self.find("#block-4 .c-place").size["width"], 100)
         self.screenshot("sample-print", whole=True)
 
     def test_a_print_unfolds_what_is_folded(self):
@@ -225,6 +226,20 @@ class Sample(PageTest):
         for width in [1280, 1000, 640, 400]:
             self.size(width)
             self.assertLessEqual(self.js("return document.documentElement.scrollWidth"), width)
+
+
+class Unusable(PageTest):
+    def test_what_differs_is_told_and_marked(self):
+        self.open(pages / "unusable.html")
+        self.assertEqual(self.driver.title, "bar.k: not usable")
+        self.assertIn("Not usable", self.text("#verdict strong"))
+        self.assertIn("nodes: 2 in the deck, 1 in the written files", self.text("#verdict"))
+        marked = [row.text for row in self.all("tr.differs")]
+        self.assertEqual(len(marked), 4, marked)  # nodes, number of sets, the part, the set
+        self.assertIn("≠ differs", marked[0])
+        self.assertIn("written: 2.5", marked[2])
+        self.assertIn("not written", marked[3])
+        self.assertEqual(self.text("#tally-numbers"), "≠")
 
 
 class Hostile(PageTest):

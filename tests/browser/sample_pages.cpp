@@ -26,6 +26,11 @@ int main(int arguments, char** argument)
     std::filesystem::create_directories(folder / "hostile");
     write(folder, "sample.html", sample_ledger(folder));
     write(folder / "hostile", "hostile.html", hostile_ledger(folder / "hostile", hostile));
+    report::Ledger unusable = sample_ledger(folder);
+    unusable.out.nodes = 1;
+    unusable.out.parts[0].mass = 2.5;
+    unusable.out.sets.clear();
+    write(folder, "unusable.html", unusable);
     std::filesystem::create_directories(folder / "long");
     write(folder / "long", "long.html", long_ledger(folder / "long", 50000));
     std::filesystem::create_directories(folder / "huge");

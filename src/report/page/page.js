@@ -15,7 +15,8 @@
   const outcomes = [
     {word: 'converted', sign: '✓', meaning: 'what was made of it is in the output'},
     {word: 'skipped', sign: '✕', meaning: 'known, and not converted'},
-    {word: 'passed over', sign: '↷', meaning: 'never reached: its section is off, or it stands where nothing is read'},
+    {word: 'passed over', sign: '↷',
+      meaning: 'never reached: its section is off, or it stands where nothing is read'},
     {word: 'not known', sign: '?', meaning: 'of no kind that the converter knows'},
     {word: 'after the end', sign: '–', meaning: 'stands behind *END'},
   ];
@@ -104,6 +105,12 @@
     return element;
   }
 
+  const hint = (...children) => el('p', {class: 'hint'}, ...children);
+  const mono = (...children) => el('span', {class: 'mono'}, ...children);
+  const deckText = (text) => el('span', {class: 'text'}, text);
+  const numberCell = (...children) => el('td', {class: 'number'}, ...children);
+  const trimmed = (text) => text.replace(/^ +| +$/g, '');
+
   const count = (value) => value.toLocaleString('en-US');
   const counted = (value, one, many) => count(value) + ' ' + (value === 1 ? one : many);
 
@@ -111,7 +118,8 @@
     if (value === null || value === undefined) return 'not a number';
     if (value === 0) return '0';
     const size = Math.abs(value);
-    return size >= 1e6 || size < 1e-4 ? value.toExponential(5).replace(/\.?0+e/, 'e') : String(Number(value.toPrecision(7)));
+    return size >= 1e6 || size < 1e-4 ? value.toExponential(5).replace(/\.?0+e/, 'e') :
+        String(Number(value.toPrecision(7)));
   }
 
   function linesText(first, last) {
@@ -152,7 +160,7 @@
     const rest = block.output.length - shown.length;
     return [
       el('span', {class: 'arrow', 'aria-label': 'became'}, '→'),
-      shown.map((lines, i) => [i > 0 && ', ', el('span', {class: 'mono'}, lines.file + ':' + linesText(lines.first, lines.last))]),
+      shown.map((lines, i) => [i > 0 && ', ', mono(lines.file + ':' + linesText(lines.first, lines.last))]),
       rest > 0 && ' and ' + count(rest) + ' more',
     ];
   }
@@ -171,11 +179,14 @@
     const body = byId('verdict-body');
     const verdict = verdicts[ledger.verdict];
     body.append(el('div', {class: 'verdict ' + verdict.style},
-      el('span', {class: 'sign', 'aria-hidden': 'true'}, verdict.sign), el('strong', {}, verdict.words), el('p', {}, verdict.text)));
+      el('span', {class: 'sign', 'aria-hidden': 'true'}, verdict.sign), el('strong', {}, verdict.words),
+          el('p', {}, verdict.text)));
     const totals = el('dl', {class: 'totals'});
     const total = (name, value) => totals.append(el('div', {}, el('dt', {}, name), el('dd', {}, count(value))));
     total(ledger.all_blocks === 1 ? 'keyword block' : 'keyword blocks', ledger.all_blocks);
-    outcomes.forEach((outcome, i) => { if (i === 0 || ledger.by_outcome[i] > 0) total(outcome.word, ledger.by_outcome[i]); });
+    outcomes.forEach((outcome, i) => {
+      if (i === 0 || ledger.by_outcome[i] > 0) total(outcome.word, ledger.by_outcome[i]);
+    });
     for (const severity of [2, 1, 0])
       total(severities[severity] + (ledger.by_severity[severity] === 1 ? '' : 's'), ledger.by_severity[severity]);
     body.append(totals);
@@ -185,7 +196,7 @@
       body.append(el('h3', {}, counted(errors.length, 'error', 'errors')));
       const list = el('ul', {class: 'groups', id: 'errors'});
       folded(list, 12, errors, (found) => el('li', {}, badge(2), ' ', findingPlace(found), ' ',
-        el('span', {class: 'text'}, found.message), ' ', el('span', {class: 'mono many'}, found.code)));
+        deckText(found.message), ' ', el('span', {class: 'mono many'}, found.code)));
       body.append(list);
     }
   }
@@ -205,16 +216,17 @@
   function differences() {
     if (ledger.all_differences === 0) return [];
     const list = el('ul', {class: 'groups'});
-    folded(list, 8, ledger.differences, (sentence) => el('li', {}, badge(2), ' ', el('span', {class: 'text'}, sentence)));
+    folded(list, 8, ledger.differences, (sentence) => el('li', {}, badge(2), ' ', deckText(sentence)));
     const rest = ledger.all_differences - ledger.differences.length;
-    return [el('h3', {}, counted(ledger.all_differences, 'difference', 'differences') + ' between the deck and what was written'), list,
-      ...(rest > 0 ? [el('p', {class: 'hint'}, 'and ' + count(rest) + ' more. ledger.json has all.')] : [])];
+    return [el('h3', {}, counted(ledger.all_differences, 'difference', 'differences') +
+        ' between the deck and what was written'), list,
+      ...(rest > 0 ? [hint('and ' + count(rest) + ' more. ledger.json has all.')] : [])];
   }
 
   function findingPlace(found) {
     const block = blockOfFinding.get(found.number);
     const text = placeOf(found, block);
-    return block ? el('a', {href: '#block-' + block.number, class: 'mono'}, text) : el('span', {class: 'mono'}, text);
+    return block ? el('a', {href: '#block-' + block.number, class: 'mono'}, text) : mono(text);
   }
 
   // ---- what was lost or replaced -----------------------------------------------------------------------------------
@@ -223,7 +235,8 @@
     {title: 'Errors', text: 'The model changed without this being asked for.'},
     {title: 'Blocks that were not converted', text: 'Nothing of them is in the output.'},
     {title: 'Replaced values', text: 'The output has another value than the deck.'},
-    {title: 'Values that are not in the output', text: 'They were read, were not zero, and have no place in the solver deck.'},
+    {title: 'Values that are not in the output',
+        text: 'They were read, were not zero, and have no place in the solver deck.'},
     {title: 'Other warnings', text: ''},
     {title: 'Notes', text: 'Harmless, good to know.'},
   ];
@@ -238,7 +251,8 @@
     return 4;
   }
 
-  // Losses that look alike are one group: {kind, severity, head, field, code, title, places: [{block, found, said}], size}.
+  // Losses that look alike are one group:
+  // {kind, severity, keyword, field, code, title, places: [{block, found, said}], size}.
   function collectLosses() {
     const groups = new Map();
     const add = (kind, severity, keyword, field, code, title, place, size) => {
@@ -250,10 +264,12 @@
     };
     for (const found of findings.values()) {
       const block = blockOfFinding.get(found.number);
-      if (block && (found.code === 'MD301' ? block.allUnused : found.code === 'MD302' ? block.allReplaced : 0) > 0) continue;
+      if (block && found.code === 'MD301' && block.allUnused > 0) continue;
+      if (block && found.code === 'MD302' && block.allReplaced > 0) continue;
       const kind = kindOfFinding(found, block);
       const size = kind === 1 && block ? block.lastLine - block.line + 1 : 1 + found.others;
-      add(kind, found.severity, found.keyword, found.field, found.code, titleOf(found.code), {block, found, said: found.message}, size);
+      add(kind, found.severity, found.keyword, found.field, found.code, titleOf(found.code),
+          {block, found, said: found.message}, size);
     }
     for (const block of blocks) addOfBlock(block, add);
     const list = [...groups.values()];
@@ -263,17 +279,19 @@
 
   const titleOf = (code) => (ledger.codes || {})[code] || '';
 
-  // What the block itself knows better than its findings, of which the first stands for all of its kind: its values. And
-  // what no finding tells.
+  // What the block itself knows better than its findings, of which the first stands for all of its kind: its values.
+  // And what no finding tells.
   function addOfBlock(block, add) {
     const told = (code) => block.findings.find((found) => found.code === code);
-    const list = (values, all) => values.join(', ') + (values.length < all ? ' and ' + count(all - values.length) + ' more' : '');
+    const list = (values, all) => values.join(', ') + (values.length < all ?
+        ' and ' + count(all - values.length) + ' more' : '');
     if (block.outcome !== 0 && block.allFindings === 0)
       add(block.lost ? 1 : notes, block.lost ? 1 : 0, block.keyword, '', '', outcomes[block.outcome].word,
         {block, said: outcomes[block.outcome].meaning}, block.lastLine - block.line + 1);
     if (block.allReplaced > 0)
       add(2, 1, block.keyword, '', 'MD302', '', {block, found: told('MD302'),
-        said: list(block.replaced.map(([field, value, by]) => field + ' ' + value + ': ' + by), block.allReplaced)}, block.allReplaced);
+        said: list(block.replaced.map(([field, value, by]) => field + ' ' + value + ': ' + by), block.allReplaced)},
+            block.allReplaced);
     if (block.allUnused > 0)
       add(3, 1, block.keyword, '', 'MD301', '', {block, found: told('MD301'),
         said: list(block.unused.map(([field, value]) => field + ' ' + value), block.allUnused)}, block.allUnused);
@@ -309,14 +327,14 @@
     byId('tally-losses').textContent = count(real.length);
     if (real.length === 0) body.append(el('p', {}, 'Nothing was lost, and no value was replaced.'));
     if (ledger.findings.length < ledger.all_findings)
-      body.append(el('p', {class: 'hint'}, 'Only ' + count(ledger.findings.length) + ' of ' + count(ledger.all_findings) +
+      body.append(hint('Only ' + count(ledger.findings.length) + ' of ' + count(ledger.all_findings) +
         ' findings fit into this page. ledger.json has all.'));
     lossKinds.forEach((kind, number) => {
       const some = groups.filter((group) => group.kind === number);
       if (some.length === 0) return;
       const list = el('ul', {class: 'groups'});
       folded(list, 60, some, lossItem);
-      const text = kind.text && el('p', {class: 'hint'}, kind.text);
+      const text = kind.text && hint(kind.text);
       if (number === notes)
         body.append(el('details', {}, el('summary', {}, kind.title + ' (' + count(some.length) + ')'), text, list));
       else
@@ -354,7 +372,8 @@
     } catch (error) {
       container.replaceChildren();
       byId('view-hint').textContent = '';
-      addText(byId('view-hint'), 'The view of the model is not available: ' + error.message + '. All else in this page works without it.');
+      addText(byId('view-hint'), 'The view of the model is not available: ' + error.message +
+          '. All else in this page works without it.');
     }
   }
 
@@ -367,10 +386,10 @@
 
   // A value of both sides in one cell: once where they agree, or where the settings did not ask for the other side.
   function both(a, b, show, differ, asked) {
-    if (!asked) return {cell: el('td', {class: 'number'}, show(a)), differs: false};
-    if (b === undefined) return {cell: el('td', {class: 'number'}, show(a), el('span', {class: 'written'}, 'not written')), differs: true};
-    const differs = differ(a, b);
-    return {cell: el('td', {class: 'number'}, show(a), differs && el('span', {class: 'written'}, 'written: ' + show(b))), differs};
+    if (!asked) return {cell: numberCell(show(a)), differs: false};
+    const differs = b === undefined || differ(a, b);
+    const written = b === undefined ? 'not written' : 'written: ' + show(b);
+    return {cell: numberCell(show(a), differs && el('span', {class: 'written'}, written)), differs};
   }
 
   function vectorText(vector) {
@@ -386,8 +405,9 @@
       const differs = asked && differ(a, b);
       if (differs) ++differing;
       body.append(el('tr', {class: differs ? 'differs' : null}, el('th', {scope: 'row'}, name),
-        el('td', {class: 'number'}, show(a)), el('td', {class: 'number'}, asked ? show(b) : '–'),
-        el('td', {class: differs ? 'differs-word' : 'same-word'}, differs ? '≠ differs' : asked ? '= same' : 'not asked for')));
+        numberCell(show(a)), numberCell(asked ? show(b) : '–'),
+        el('td', {class: differs ? 'differs-word' : 'same-word'}, differs ? '≠ differs' : asked ? '= same' :
+            'not asked for')));
     };
     const {geometry, main_deck: mainDeck, sets} = ledger.asked;
     for (const name of ['nodes', 'solids', 'shells', 'particles'])
@@ -396,7 +416,8 @@
     row('Sets', sets, into.all_sets, out.all_sets, count, countsDiffer);
     const boxesDiffer = (a, b) => (a && b ? a.some((value, i) => sizesDiffer(value, b[i])) : a !== b);
     for (const [name, corner] of [['Lowest corner of the box', 0], ['Highest corner of the box', 1]])
-      row(name, geometry, into.box && into.box[corner], out.box && out.box[corner], (at) => (at ? vectorText(at) : 'none'), boxesDiffer);
+      row(name, geometry, into.box && into.box[corner], out.box && out.box[corner],
+          (at) => (at ? vectorText(at) : 'none'), boxesDiffer);
     row('Smallest edge', geometry, into.smallest_edge, out.smallest_edge, real, sizesDiffer);
     const table = el('table', {id: 'counts', class: 'small'}, el('caption', {}, 'Model'),
       el('thead', {}, el('tr', {}, el('td', {}), el('th', {scope: 'col', class: 'number'}, 'In the deck'),
@@ -436,21 +457,25 @@
     const row = (part) => {
       const other = out.get(part.id) || {centre: []};
       const cells = [
-        ...['solids', 'shells', 'particles'].map((name) => both(part[name], other[name], count, countsDiffer, geometry)),
+        ...['solids', 'shells', 'particles'].map((name) => both(part[name], other[name], count, countsDiffer,
+            geometry)),
         both(part.volume, other.volume, real, massesDiffer, geometry && mainDeck),
-        part.has_density || part.mass !== 0 ? both(part.mass, other.mass, real, massesDiffer, geometry && mainDeck) : {cell: el('td', {class: 'number'}, '–')},
+        part.has_density || part.mass !== 0 ? both(part.mass, other.mass, real, massesDiffer, geometry && mainDeck) :
+            {cell: numberCell('–')},
       ];
       if (cells.some((cell) => cell.differs)) ++differing;
       return el('tr', {class: cells.some((cell) => cell.differs) ? 'differs' : null},
-        el('th', {scope: 'row', class: 'number'}, part.id), el('td', {class: 'text'}, part.title.replace(/^ +| +$/g, '')),
-        el('td', {class: 'number'}, part.section), el('td', {class: 'number'}, part.material), cells.map((cell) => cell.cell),
-        el('td', {class: 'number'}, vectorText(part.centre)));
+        el('th', {scope: 'row', class: 'number'}, part.id), el('td', {class: 'text'}, trimmed(part.title)),
+        numberCell(part.section), numberCell(part.material), cells.map((cell) => cell.cell),
+        numberCell(vectorText(part.centre)));
     };
     const body = el('tbody');
     const more = growing(ledger.in.parts, row, body);
-    const table = el('table', {id: 'parts'}, el('caption', {}, 'Parts'), el('thead', {}, el('tr', {}, headCells([['Part', 1], ['Title', 0],
-      ['Section', 1], ['Material', 1], ['Solids', 1], ['Shells', 1], ['Particles', 1], ['Volume', 1], ['Mass', 1], ['Centre of mass', 1]]))), body);
-    const hint = ledger.in.parts.length < ledger.in.all_parts && el('p', {class: 'hint'}, 'The first ' +
+    const table = el('table', {id: 'parts'}, el('caption', {}, 'Parts'),
+        el('thead', {}, el('tr', {}, headCells([['Part', 1], ['Title', 0],
+      ['Section', 1], ['Material', 1], ['Solids', 1], ['Shells', 1], ['Particles', 1], ['Volume', 1], ['Mass', 1],
+          ['Centre of mass', 1]]))), body);
+    const hint = ledger.in.parts.length < ledger.in.all_parts && hint('The first ' +
       count(ledger.in.parts.length) + ' of ' + count(ledger.in.all_parts) + ' parts. ledger.json has all.');
     return {elements: [scrolled(table, 'Parts'), more, hint], differing};
   }
@@ -462,26 +487,28 @@
     const more = growing(ledger.in.sets, (set) => {
       const other = out.get(key(set)) || {};
       const members = both(set.members, other.members, count, countsDiffer, ledger.asked.sets);
-      return el('tr', {class: members.differs ? 'differs' : null}, el('td', {}, set.kind), el('th', {scope: 'row', class: 'number'}, set.id),
-        el('td', {class: 'text'}, set.title.replace(/^ +| +$/g, '')), members.cell);
+      return el('tr', {class: members.differs ? 'differs' : null}, el('td', {}, set.kind),
+          el('th', {scope: 'row', class: 'number'}, set.id),
+        el('td', {class: 'text'}, trimmed(set.title)), members.cell);
     }, body);
     const table = el('table', {id: 'sets', class: 'small'}, el('caption', {}, 'Sets'),
       el('thead', {}, el('tr', {}, headCells([['Of', 0], ['Set', 1], ['Title', 0], ['Members', 1]]))), body);
-    const hint = ledger.in.sets.length < ledger.in.all_sets && el('p', {class: 'hint'}, 'The first ' +
+    const hint = ledger.in.sets.length < ledger.in.all_sets && hint('The first ' +
       count(ledger.in.sets.length) + ' of ' + count(ledger.in.all_sets) + ' sets. ledger.json has all.');
     return [scrolled(table, 'Sets'), more, hint];
   }
 
   function worstTable() {
     if (ledger.in.worst[0].shape > 0.9995)
-      return [el('p', {class: 'hint'}, 'No element is worse in shape than a cube or a square.')];
+      return [hint('No element is worse in shape than a cube or a square.')];
     const table = el('table', {id: 'worst', class: 'small'}, el('caption', {}, 'Elements of the worst shape'),
       el('thead', {}, el('tr', {}, headCells([['Element', 1], ['Part', 1], ['Shape', 1], ['', 0]]))),
-      el('tbody', {}, ledger.in.worst.map((element) => el('tr', {}, el('th', {scope: 'row', class: 'number'}, element.id),
-        el('td', {class: 'number'}, element.part), el('td', {class: 'number'}, Number(element.shape.toFixed(3))),
+      el('tbody', {}, ledger.in.worst.map((element) => el('tr', {},
+          el('th', {scope: 'row', class: 'number'}, element.id),
+        numberCell(element.part), numberCell(Number(element.shape.toFixed(3))),
         el('td', {}, element.shape <= 0 ? 'flat or turned inside out' : '')))));
     return [scrolled(table, 'Elements of the worst shape'),
-      el('p', {class: 'hint'}, 'Shape is 1 for a cube or a square, and 0 or less for an element that is flat or turned inside out.')];
+      hint('Shape is 1 for a cube or a square, and 0 or less for an element that is flat or turned inside out.')];
   }
 
   function buildNumbers() {
@@ -490,7 +517,7 @@
     body.append(...differences());
     body.append(scrolled(table, 'Model'));
     if (ledger.in.smallest_edge > 0)
-      body.append(el('p', {class: 'hint'}, 'The smallest edge belongs to element ' + ledger.in.smallest_edge_element + '.'));
+      body.append(hint('The smallest edge belongs to element ' + ledger.in.smallest_edge_element + '.'));
     let all = differing;
     if (ledger.in.parts.length > 0) {
       const parts = partsTable();
@@ -528,11 +555,13 @@
   const plotSize = {width: 360, height: 220, left: 58, right: 12, top: 10, bottom: 30};
 
   function axes(curve) {
-    const extent = (values) => values.reduce(([low, high], value) => [Math.min(low, value), Math.max(high, value)], [Infinity, -Infinity]);
+    const extent = (values) => values.reduce(([low, high], value) => [Math.min(low, value), Math.max(high, value)],
+        [Infinity, -Infinity]);
     const xTicks = ticks(...extent(curve.x));
     const yTicks = ticks(...extent(curve.y));
     const {width, height, left, right, top, bottom} = plotSize;
-    const scale = (list, from, to) => (value) => from + (value - list[0]) / (list[list.length - 1] - list[0]) * (to - from);
+    const scale = (list, from, to) => (value) => from +
+        (value - list[0]) / (list[list.length - 1] - list[0]) * (to - from);
     return {xTicks, yTicks, x: scale(xTicks, left, width - right), y: scale(yTicks, height - bottom, top)};
   }
 
@@ -542,10 +571,12 @@
     const xStep = xTicks[1] - xTicks[0];
     const yStep = yTicks[1] - yTicks[0];
     const every = xTicks.length > 6 ? 2 : 1;
+    const anchor = (i) => (i === xTicks.length - 1 ? 'end' : 'middle');
     xTicks.forEach((value, i) => {
       line(x(value), top, x(value), height - bottom, Math.abs(value) < xStep * 1e-6);
       if (i % every === 0)
-        picture.append(svg('text', {x: x(value), y: height - bottom + 16, 'text-anchor': i === xTicks.length - 1 ? 'end' : 'middle'}, tickText(value, xStep)));
+        picture.append(svg('text', {x: x(value), y: height - bottom + 16, 'text-anchor': anchor(i)},
+            tickText(value, xStep)));
     });
     yTicks.forEach((value) => {
       line(left, y(value), width - right, y(value), Math.abs(value) < yStep * 1e-6);
@@ -567,7 +598,8 @@
       point.setAttribute('cx', x(curve.x[at]));
       point.setAttribute('cy', y(curve.y[at]));
       for (const part of [line, point]) part.setAttribute('visibility', 'visible');
-      readout.textContent = 'Point ' + count(at + 1) + ' of ' + count(curve.x.length) + ': ' + real(curve.x[at]) + ', ' + real(curve.y[at]);
+      readout.textContent = 'Point ' + count(at + 1) + ' of ' + count(curve.x.length) + ': ' + real(curve.x[at]) +
+          ', ' + real(curve.y[at]);
     };
     picture.addEventListener('pointermove', (event) => {
       const box = picture.getBoundingClientRect();
@@ -587,35 +619,41 @@
 
   function pointsTable(curve) {
     const body = el('tbody');
-    const more = growing(curve.x.map((_, i) => i), (i) => el('tr', {}, el('td', {class: 'number'}, i + 1),
-      el('td', {class: 'number'}, real(curve.x[i])), el('td', {class: 'number'}, real(curve.y[i]))), body);
-    return [scrolled(el('table', {}, el('thead', {}, el('tr', {}, headCells([['Point', 1], ['Abscissa', 1], ['Ordinate', 1]]))), body),
+    const more = growing(curve.x.map((_, i) => i), (i) => el('tr', {}, numberCell(i + 1),
+      numberCell(real(curve.x[i])), numberCell(real(curve.y[i]))), body);
+    return [scrolled(el('table', {}, el('thead', {}, el('tr', {},
+        headCells([['Point', 1], ['Abscissa', 1], ['Ordinate', 1]]))), body),
       'Points of the curve'), more];
   }
 
   function plot(curve) {
     const block = blockByNumber.get(curve.block);
-    const title = 'Curve ' + curve.id + (curve.title.replace(/^ +| +$/g, '') ? ': ' + curve.title.replace(/^ +| +$/g, '') : '');
+    const own = trimmed(curve.title);
+    const title = 'Curve ' + curve.id + (own && ': ' + own);
     const figure = el('figure', {class: 'plot'}, el('figcaption', {}, title, block && [' ', blockLink(block),
       block.outcome !== 0 && ' (' + outcomes[block.outcome].word + ')']));
     if (curve.x.length === 0) {
-      figure.append(el('p', {class: 'hint'}, curve.points === 0 ? 'It has no points.' : 'Its points did not fit into this page.'));
+      figure.append(hint(curve.points === 0 ? 'It has no points.' : 'Its points did not fit into this page.'));
       return figure;
     }
     const scales = axes(curve);
     const readout = el('p', {class: 'readout', 'aria-live': 'polite'}, counted(curve.points, 'point', 'points'));
     const picture = svg('svg', {viewBox: '0 0 ' + plotSize.width + ' ' + plotSize.height, role: 'img', tabindex: 0,
-      'aria-label': title + ', ' + counted(curve.points, 'point', 'points') + '; the arrow keys go from point to point'});
+      'aria-label': title + ', ' + counted(curve.points, 'point', 'points') +
+          '; the arrow keys go from point to point'});
     drawGrid(picture, scales);
-    picture.append(svg('polyline', {class: 'curve', points: curve.x.map((value, i) => scales.x(value).toFixed(2) + ',' + scales.y(curve.y[i]).toFixed(2)).join(' ')}));
+    picture.append(svg('polyline', {class: 'curve', points: curve.x.map((value, i) => scales.x(value).toFixed(2) +
+        ',' + scales.y(curve.y[i]).toFixed(2)).join(' ')}));
     if (curve.x.length <= 40)
-      curve.x.forEach((value, i) => picture.append(svg('circle', {class: 'point', r: 2.5, cx: scales.x(value), cy: scales.y(curve.y[i])})));
+      curve.x.forEach((value, i) => picture.append(svg('circle',
+          {class: 'point', r: 2.5, cx: scales.x(value), cy: scales.y(curve.y[i])})));
     addCursor(picture, curve, scales, readout);
     figure.append(picture, readout);
     if (curve.x.length < curve.points)
-      figure.append(el('p', {class: 'hint'}, 'Only the first ' + count(curve.x.length) + ' of ' + count(curve.points) + ' points fit into this page.'));
+      figure.append(hint('Only the first ' + count(curve.x.length) + ' of ' + count(curve.points) +
+          ' points fit into this page.'));
     const table = el('details', {class: 'no-print'}, el('summary', {}, 'Points as a table'));
-    table.addEventListener('toggle', () => { if (table.children.length === 1) addChildren(table, pointsTable(curve)); }, {once: true});
+    table.addEventListener('toggle', () => addChildren(table, pointsTable(curve)), {once: true});
     figure.append(table);
     return figure;
   }
@@ -627,7 +665,7 @@
       body.append(el('p', {}, 'The deck defines no load curves.'));
       return;
     }
-    body.append(el('p', {class: 'hint'}, 'Shifted and scaled, as the main deck has them.'));
+    body.append(hint('Shifted and scaled, as the main deck has them.'));
     const list = el('div', {class: 'plots'});
     const first = 12;
     details.curves.slice(0, first).forEach((curve) => list.append(plot(curve)));
@@ -648,7 +686,8 @@
   // Runs of lines with their numbers; `last` is the last line of what they are taken from.
   function codeLines(runs, last, withRuler) {
     const box = el('div', {class: 'code-lines mono', tabindex: '0', role: 'group', 'aria-label': 'Lines'});
-    const line = (number, text, style) => box.append(el('div', {class: style}, el('span', {class: 'no'}, number), el('span', {class: 'text'}, text)));
+    const line = (number, text, style) => box.append(el('div', {class: style}, el('span', {class: 'no'}, number),
+        deckText(text)));
     if (withRuler) line('', ruler, 'ruler');
     let next = 0;
     for (const [, first, texts] of runs) {
@@ -662,23 +701,26 @@
 
   function cardsOf(block) {
     const runs = details.cards[block.number];
-    const where = ledger.converted + (block.preparedLine > 0 ? ', lines ' + linesText(block.preparedLine, block.preparedLastLine) : '');
+    const where = ledger.converted + (block.preparedLine > 0 ?
+        ', lines ' + linesText(block.preparedLine, block.preparedLastLine) : '');
     const title = ledger.prepared ? 'Cards, as they were prepared: ' : 'Cards: ';
     if (block.preparedLine === 0)
-      return el('p', {class: 'hint'}, 'It is not in the deck that was converted.');
+      return hint('It is not in the deck that was converted.');
     if (!runs)
-      return el('p', {class: 'hint'}, title + where + '. They did not fit into this page.');
+      return hint(title + where + '. They did not fit into this page.');
     return el('div', {class: 'excerpt'}, el('h4', {}, title + where), codeLines(runs, block.preparedLastLine, true));
   }
 
   function linesOf(block) {
-    if (block.output.length === 0) return [el('p', {class: 'hint'}, 'No lines of the output were made from it.')];
+    if (block.output.length === 0) return [hint('No lines of the output were made from it.')];
     const runs = details.lines[block.number] || [];
     return block.output.map((lines) => {
       const own = runs.filter(([file, first]) => file === lines.file && first >= lines.first && first <= lines.last);
-      const head = lines.file + ', ' + (lines.first === lines.last ? 'line ' : 'lines ') + linesText(lines.first, lines.last);
-      if (own.length === 0) return el('p', {class: 'hint'}, 'Lines made from it: ' + head + '. They did not fit into this page.');
-      return el('div', {class: 'excerpt'}, el('h4', {}, 'Lines made from it: ' + head), codeLines(own, lines.last, false));
+      const head = lines.file + ', ' + (lines.first === lines.last ? 'line ' : 'lines ') +
+          linesText(lines.first, lines.last);
+      if (own.length === 0) return hint('Lines made from it: ' + head + '. They did not fit into this page.');
+      return el('div', {class: 'excerpt'}, el('h4', {}, 'Lines made from it: ' + head),
+          codeLines(own, lines.last, false));
     });
   }
 
@@ -691,7 +733,8 @@
     {key: 'keyword', name: 'Keyword', compare: (a, b) => compareTexts(a.keyword, b.keyword)},
     {key: 'outcome', name: 'Outcome', compare: (a, b) => a.outcome - b.outcome},
     {key: 'cards', name: 'Lines', compare: (a, b) => (a.lastLine - a.line) - (b.lastLine - b.line)},
-    {key: 'findings', name: 'Findings', compare: (a, b) => severityOf(a) - severityOf(b) || a.allFindings - b.allFindings},
+    {key: 'findings', name: 'Findings', compare: (a, b) => severityOf(a) - severityOf(b) ||
+        a.allFindings - b.allFindings},
   ];
 
   function compareTexts(a, b) {
@@ -707,7 +750,8 @@
     return block.search;
   }
 
-  const table = {rows: blocks, page: 0, pageSize: 100, sort: columns[0], descending: false, open: new Set(), body: null};
+  const table = {rows: blocks, page: 0, pageSize: 100, sort: columns[0], descending: false, open: new Set(),
+      body: null};
 
   function findingsCell(block) {
     if (block.allFindings === 0) return '';
@@ -716,23 +760,27 @@
   }
 
   function outcomeText(outcome) {
-    return el('span', {class: 'outcome o' + outcome}, el('span', {class: 'sign', 'aria-hidden': 'true'}, outcomes[outcome].sign), outcomes[outcome].word);
+    return el('span', {class: 'outcome o' + outcome}, el('span', {class: 'sign', 'aria-hidden': 'true'},
+        outcomes[outcome].sign), outcomes[outcome].word);
   }
 
   function detailRow(block) {
     const facts = el('dl', {class: 'facts'});
     const fact = (name, ...value) => facts.append(el('dt', {}, name), el('dd', {}, ...value));
-    fact('In the deck', el('span', {class: 'mono'}, block.file + ':' + linesText(block.line, block.lastLine)));
+    fact('In the deck', mono(block.file + ':' + linesText(block.line, block.lastLine)));
     fact('Outcome', outcomes[block.outcome].word + ': ' + outcomes[block.outcome].meaning);
-    if (block.procedure) fact('Procedure', el('span', {class: 'mono'}, block.procedure));
+    if (block.procedure) fact('Procedure', mono(block.procedure));
     const values = (list, all) => [list.join(', '), list.length < all && ' and ' + count(all - list.length) + ' more'];
     if (block.allReplaced > 0)
-      fact('Replaced', values(block.replaced.map(([field, value, by]) => field + ' ' + value + ' (' + by + ')'), block.allReplaced));
+      fact('Replaced', values(block.replaced.map(([field, value, by]) => field + ' ' + value + ' (' + by + ')'),
+          block.allReplaced));
     if (block.allUnused > 0)
       fact('Not in the output', values(block.unused.map(([field, value]) => field + ' ' + value), block.allUnused));
-    const list = block.findings.length > 0 && el('ul', {class: 'groups'}, block.findings.map((found) => el('li', {}, badge(found.severity), ' ',
-      el('span', {class: 'mono'}, placeOf(found, block)), ' ', el('span', {class: 'text'}, found.message), ' ',
-      el('span', {class: 'mono many'}, found.code), found.others > 0 && ' (and ' + count(found.others) + ' more in this block)')));
+    const list = block.findings.length > 0 && el('ul', {class: 'groups'},
+        block.findings.map((found) => el('li', {}, badge(found.severity), ' ',
+      mono(placeOf(found, block)), ' ', deckText(found.message), ' ',
+      el('span', {class: 'mono many'}, found.code), found.others > 0 && ' (and ' + count(found.others) +
+          ' more in this block)')));
     return el('tr', {class: 'detail', id: 'detail-' + block.number},
       el('td', {colspan: columns.length + 1}, facts, list, cardsOf(block), linesOf(block)));
   }
@@ -758,9 +806,12 @@
       'aria-label': block.keyword + ' at ' + block.file + ' line ' + block.line}, open ? '−' : '+');
     const row = el('tr', {class: open ? 'row open' : 'row', id: 'block-' + block.number},
       el('td', {class: 'c-open'}, button), el('td', {class: 'c-place mono'}, block.file + ':' + block.line),
-      el('th', {class: 'mono', scope: 'row'}, block.keyword, el('span', {class: 'narrow-place'}, block.file + ':' + block.line,
-        severityOf(block) >= 0 && ' · ' + severities[severityOf(block)])), el('td', {class: 'c-outcome'}, outcomeText(block.outcome)),
-      el('td', {class: 'c-cards number'}, count(block.lastLine - block.line + 1)), el('td', {class: 'c-findings'}, findingsCell(block)));
+      el('th', {class: 'mono', scope: 'row'}, block.keyword, el('span', {class: 'narrow-place'},
+          block.file + ':' + block.line,
+        severityOf(block) >= 0 && ' · ' + severities[severityOf(block)])),
+            el('td', {class: 'c-outcome'}, outcomeText(block.outcome)),
+      el('td', {class: 'c-cards number'}, count(block.lastLine - block.line + 1)),
+          el('td', {class: 'c-findings'}, findingsCell(block)));
     row.addEventListener('click', (event) => {
       if (String(window.getSelection()) !== '' && event.target !== button) return;
       toggle(block, row);
@@ -788,7 +839,8 @@
     const outcome = byId('outcome').value;
     const severity = byId('severity').value;
     table.rows = blocks.filter((block) => (outcome === '' || block.outcome === Number(outcome)) &&
-      (severity === '' || severityOf(block) >= Number(severity)) && words.every((word) => searchText(block).includes(word)));
+      (severity === '' || severityOf(block) >= Number(severity)) &&
+          words.every((word) => searchText(block).includes(word)));
     const sign = table.descending ? -1 : 1;
     table.rows.sort((a, b) => sign * table.sort.compare(a, b) || a.number - b.number);
     table.page = 0;
@@ -809,7 +861,8 @@
   function filterControls() {
     const option = (value, text) => el('option', {value}, text);
     const labelled = (text, control) => el('label', {}, text, control);
-    const filter = el('input', {type: 'search', id: 'filter', placeholder: 'keyword, file:line, code, field', autocomplete: 'off', spellcheck: 'false'});
+    const filter = el('input', {type: 'search', id: 'filter', placeholder: 'keyword, file:line, code, field',
+        autocomplete: 'off', spellcheck: 'false'});
     let pending = 0;
     filter.addEventListener('input', () => {
       clearTimeout(pending);
@@ -817,10 +870,12 @@
     });
     const outcome = el('select', {id: 'outcome'}, option('', 'any'),
       outcomes.map((one, i) => option(i, one.word + ' (' + count(ledger.by_outcome[i]) + ')')));
-    const severity = el('select', {id: 'severity'}, option('', 'any'), option(2, 'errors'), option(1, 'errors and warnings'), option(0, 'any finding'));
+    const severity = el('select', {id: 'severity'}, option('', 'any'), option(2, 'errors'),
+        option(1, 'errors and warnings'), option(0, 'any finding'));
     for (const select of [outcome, severity]) select.addEventListener('change', applyFilter);
     const reset = el('button', {type: 'button', onclick: resetFilter}, 'Reset');
-    return el('div', {class: 'controls'}, labelled('Filter', filter), labelled('Outcome', outcome), labelled('With findings', severity), reset);
+    return el('div', {class: 'controls'}, labelled('Filter', filter), labelled('Outcome', outcome),
+        labelled('With findings', severity), reset);
   }
 
   function resetFilter() {
@@ -836,21 +891,28 @@
       showPage();
       byId('block-table').scrollIntoView();
     }}, text);
-    return el('div', {class: 'pager', id: 'pager'}, button('first-page', 'First', () => 0), button('previous-page', 'Previous', () => table.page - 1),
-      el('span', {id: 'page-number'}), button('next-page', 'Next', () => table.page + 1), button('last-page', 'Last', () => Infinity));
+    return el('div', {class: 'pager', id: 'pager'}, button('first-page', 'First', () => 0),
+        button('previous-page', 'Previous', () => table.page - 1),
+      el('span', {id: 'page-number'}), button('next-page', 'Next', () => table.page + 1),
+          button('last-page', 'Last', () => Infinity));
   }
 
   function buildBlocks() {
     const body = byId('blocks-body');
     byId('tally-blocks').textContent = count(ledger.all_blocks);
     if (blocks.length < ledger.all_blocks)
-      body.append(el('p', {class: 'hint', id: 'trimmed'}, 'Only ' + count(blocks.length) + ' of ' + count(ledger.all_blocks) +
+      body.append(el('p', {class: 'hint', id: 'trimmed'}, 'Only ' + count(blocks.length) + ' of ' +
+          count(ledger.all_blocks) +
         ' blocks fit into this page, first of all those that lost something. ledger.json has all.'));
     table.body = el('tbody');
-    const head = (column) => el('th', {scope: 'col', class: 'c-' + column.key + (column.key === 'cards' ? ' number' : ''), 'data-key': column.key, 'aria-sort': column === table.sort ? 'ascending' : 'none'},
-      el('button', {type: 'button', onclick: () => sortBy(column)}, column.name, el('span', {class: 'direction', 'aria-hidden': 'true'}, column === table.sort ? ' ▲' : '')));
+    const head = (column) => el('th', {scope: 'col', class: 'c-' + column.key +
+        (column.key === 'cards' ? ' number' : ''), 'data-key': column.key, 'aria-sort': column === table.sort ?
+        'ascending' : 'none'},
+      el('button', {type: 'button', onclick: () => sortBy(column)}, column.name,
+          el('span', {class: 'direction', 'aria-hidden': 'true'}, column === table.sort ? ' ▲' : '')));
     body.append(filterControls(), el('p', {class: 'status', id: 'block-status', role: 'status'}),
-      el('table', {id: 'block-table'}, el('colgroup', {}, Array.from({length: columns.length + 1}, () => el('col'))), el('thead', {}, el('tr', {}, el('td', {class: 'c-open'}), columns.map(head))), table.body), pager());
+      el('table', {id: 'block-table'}, el('colgroup', {}, Array.from({length: columns.length + 1}, () => el('col'))),
+          el('thead', {}, el('tr', {}, el('td', {class: 'c-open'}), columns.map(head))), table.body), pager());
     showPage();
   }
 
@@ -881,9 +943,10 @@
     if (thing.blocks.length > 0)
       fact('In the deck', thing.blocks.map((number, i) => {
         const block = blockByNumber.get(number);
-        return block && [i > 0 && ', ', blockLink(block), ' ', el('span', {class: 'mono'}, block.keyword)];
+        return block && [i > 0 && ', ', blockLink(block), ' ', mono(block.keyword)];
       }), thing.all_blocks > thing.blocks.length && ' and ' + count(thing.all_blocks - thing.blocks.length) + ' more');
-    if (deckValues.length > 0) fact('The deck’s value', deckValues.map((found, i) => [i > 0 && '; ', el('span', {class: 'text'}, found.message)]));
+    if (deckValues.length > 0) fact('The deck’s value', deckValues.map((found, i) => [i > 0 && '; ',
+        deckText(found.message)]));
     const item = el('li', {}, el('p', {}, thing.text), facts.children.length > 0 && facts);
     if (thing.written.length > 0) {
       const runs = [];
@@ -895,7 +958,8 @@
       const box = codeLines(runs.flatMap((run) => [run]), 0, false);
       box.querySelectorAll('.gap').forEach((gap) => gap.remove());
       item.append(el('div', {class: 'excerpt'}, el('h4', {}, 'In ' + ledger.main_deck), box,
-        thing.written_left_out > 0 && el('p', {class: 'hint'}, 'and ' + counted(thing.written_left_out, 'more line', 'more lines') + ' like these')));
+        thing.written_left_out > 0 && hint('and ' + counted(thing.written_left_out, 'more line', 'more lines') +
+            ' like these')));
     }
     return item;
   }
@@ -907,7 +971,7 @@
       body.append(el('p', {}, ledger.main_deck ? 'Nothing.' : 'There is no main deck.'));
       return;
     }
-    body.append(el('p', {class: 'hint'}, 'Settings that the converter fixes, and what it cannot know, with this deck’s values. ' +
+    body.append(hint('Settings that the converter fixes, and what it cannot know, with this deck’s values. ' +
       'A line that begins with “!” is a comment: to switch it on, put a blank in place of the “!”.'));
     let topic = null;
     let list = null;
@@ -925,15 +989,20 @@
 
   function buildAbout() {
     const body = byId('about-body');
-    body.append(el('div', {class: 'scroll', tabindex: '0', role: 'region', 'aria-label': 'Files'}, el('table', {id: 'files'},
+    body.append(el('div', {class: 'scroll', tabindex: '0', role: 'region', 'aria-label': 'Files'},
+        el('table', {id: 'files'},
       el('thead', {}, el('tr', {}, headCells([['File', 0], ['What it is', 0], ['Bytes', 1], ['SHA-256', 0]]))),
-      el('tbody', {}, ledger.files.map((file) => el('tr', {}, el('th', {scope: 'row', class: 'mono'}, file.name), el('td', {}, file.role),
-        el('td', {class: 'number'}, count(file.size)), el('td', {class: 'mono hash'}, file.sha256)))))));
+      el('tbody', {}, ledger.files.map((file) => el('tr', {}, el('th', {scope: 'row', class: 'mono'}, file.name),
+          el('td', {}, file.role),
+        numberCell(count(file.size)), el('td', {class: 'mono hash'}, file.sha256)))))));
     if (ledger.files.length < ledger.all_files)
-      body.append(el('p', {class: 'hint'}, 'The first ' + count(ledger.files.length) + ' of ' + count(ledger.all_files) + ' files. ledger.json has all.'));
-    body.append(el('h3', {}, 'Settings'), el('ul', {class: 'settings mono'}, ledger.settings.map(([name, value]) => el('li', {}, name + ' ' + value))));
+      body.append(hint('The first ' + count(ledger.files.length) + ' of ' + count(ledger.all_files) +
+          ' files. ledger.json has all.'));
+    body.append(el('h3', {}, 'Settings'), el('ul', {class: 'settings mono'},
+        ledger.settings.map(([name, value]) => el('li', {}, name + ' ' + value))));
     if (details.unreadable.length > 0)
-      body.append(el('p', {class: 'hint'}, 'Cards or lines are missing here, because these files could not be read: ' + details.unreadable.join(', ') + '.'));
+      body.append(hint('Cards or lines are missing here, because these files could not be read: ' +
+          details.unreadable.join(', ') + '.'));
   }
 
   // ---- light and dark, print ---------------------------------------------------------------------------------------
