@@ -20,6 +20,7 @@ extern const std::string_view view_style;
 extern const std::string_view view_mesh_script;
 extern const std::string_view view_camera_script;
 extern const std::string_view view_scene_script;
+extern const std::string_view view_elements_script;
 extern const std::string_view view_script;
 extern const std::string_view three_script;  // three.min.js
 
@@ -33,9 +34,13 @@ struct Embedded {
     const std::string_view& text;
 };
 const Embedded styles[] = {{"style.css", report_style}, {"view.css", view_style}};
-const Embedded scripts[] = {
-    {"three.min.js", three_script},       {"view_mesh.js", view_mesh_script}, {"view_camera.js", view_camera_script},
-    {"view_scene.js", view_scene_script}, {"view.js", view_script},           {"page.js", report_script}};
+const Embedded scripts[] = {{"three.min.js", three_script},
+                            {"view_mesh.js", view_mesh_script},
+                            {"view_camera.js", view_camera_script},
+                            {"view_scene.js", view_scene_script},
+                            {"view_elements.js", view_elements_script},
+                            {"view.js", view_script},
+                            {"page.js", report_script}};
 
 // What the page may have in bytes before its scripts, so that the whole stays below 25 million.
 constexpr std::size_t most_data = 23'900'000;
