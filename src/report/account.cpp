@@ -80,7 +80,7 @@ void Account::keyword_line(Position begin)
 
 Account::Positions Account::positions()
 {
-    return {inpfile.position(), geomfile.position(), setfile.position(), accelfile.position(), outfile.position()};
+    return {{inpfile.position(), geomfile.position(), setfile.position(), accelfile.position()}, outfile.position()};
 }
 
 void Account::row_begins(const PassRow* row)
@@ -116,9 +116,8 @@ void Account::row_ends()
     add_procedure(row->action.procedure);
     const Positions ended = positions();
     for (std::size_t i = 0; i < output_count; ++i)
-        if (ended[i] != began_[i]) parts_[i].push_back({loaded_, began_[i], ended[i]});
-    if (ended[output_count] != began_[output_count])
-        log_.push_back({loaded_, began_[output_count], ended[output_count]});
+        if (ended.outputs[i] != began_.outputs[i]) parts_[i].push_back({loaded_, began_.outputs[i], ended.outputs[i]});
+    if (ended.log != began_.log) log_.push_back({loaded_, began_.log, ended.log});
 }
 
 }  // namespace report

@@ -77,7 +77,10 @@ public:
     void text_read(Position, Position) override {}
 
 private:
-    using Positions = std::array<std::uint64_t, output_count + 1>;  // of the outputs and the debug log
+    struct Positions {
+        std::array<std::uint64_t, output_count> outputs{};
+        std::uint64_t log = 0;
+    };
 
     static Positions positions();
     void take_surroundings();

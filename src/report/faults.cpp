@@ -131,7 +131,7 @@ public:
     }
 
     // Begins at the first line: nothing can be left out after that.
-    void begin() { add(0, at_); }
+    void start() { add(0, at_); }
 
     // Goes on to behind the line; false when it does not stand there.
     bool take(std::string_view line)
@@ -396,7 +396,7 @@ Skeleton Auditor::skeleton_of(const std::string& text, const std::string& with_c
         if (line.only_if == nullptr && ran(line.procedure)) skeleton.may_be_missing(line.label, line.below);
     if (ran("esph") || ran("csph")) skeleton.may_be_missing(particle_count_label, 0);
     if (ran("csph")) skeleton.box_may_be_missing();
-    skeleton.begin();
+    skeleton.start();
     return skeleton;
 }
 
