@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <future>
-#include <map>
 #include <set>
 #include <string_view>
 
@@ -23,13 +22,10 @@ namespace report
 
 void Origins::take(const prepare::Origin& origin)
 {
-    if (files_.empty() || files_.back() != origin.file) {
-        const auto known = std::find(files_.begin(), files_.end(), origin.file);
-        if (known == files_.end()) files_.emplace_back(origin.file);
-    }
-    const auto file = static_cast<std::size_t>(std::find(files_.begin(), files_.end(), origin.file) - files_.begin());
-    lines_.push_back({origin.block, file, origin.line, origin.last_line, std::string(origin.keyword), origin.fate,
-                      origin.first_in_output, origin.last_in_output});
+    const auto [file, is_new] = numbers_.try_emplace(std::string(origin.file), files_.size());
+    if (is_new) files_.emplace_back(origin.file);
+    lines_.push_back({origin.block, file->second, origin.line, origin.last_line, std::string(origin.keyword),
+                      origin.fate, origin.first_in_output, origin.last_in_output});
 }
 
 std::vector<Origins::Line> Origins::lines() const
@@ -179,6 +175,11 @@ Outcome better(Outcome one, Outcome other)
                          [=](Outcome outcome) { return outcome == one || outcome == other; });
 }
 
+bool holds(const Block& block, const deck::Place& place)
+{
+    return block.file == place.file && block.line <= place.line && place.line <= block.last_line;
+}
+
 // ---- the ledger ----------------------------------------------------------------------------------------------------
 
 class Maker
@@ -206,6 +207,10 @@ private:
     void add_lines(Block& block, BlockNumber number);
     void add_findings();
     void add_not_carried();
+    [[nodiscard]] std::size_t index_of(std::vector<std::size_t>::const_iterator number) const
+    {
+        return static_cast<std::size_t>(number - numbers_.begin());
+    }
     [[nodiscard]] std::vector<File> files_without_sums() const;
     [[nodiscard]] fs::path path_of(const File& file) const;
 
@@ -214,6 +219,7 @@ private:
     ConvertedDeck deck_;
     std::vector<Logged> logged_;
     std::vector<std::vector<Lines>> lines_;  // by keyword line of the converted deck
+    std::vector<std::size_t> numbers_;       // of the ledger's blocks, as prepare counts them
     Ledger ledger_;
 };
 
@@ -252,6 +258,7 @@ void Maker::blocks_of_origins()
             block.procedure = "prepare";
         }
         ledger_.blocks.push_back(std::move(block));
+        numbers_.push_back(line.block);
     }
 }
 
@@ -352,19 +359,15 @@ void Maker::add_findings()
 void Maker::add_not_carried()
 {
     if (conversion_->not_carried == nullptr) return;
-    std::map<std::string_view, std::vector<std::size_t>> by_file;
-    for (std::size_t i = 0; i < ledger_.blocks.size(); ++i) by_file[ledger_.blocks[i].file].push_back(i);
     for (const auto& [finding, others] : *conversion_->not_carried) {
         ledger_.findings.push_back(finding);
         ledger_.findings.back().others += others;
-        const auto file = by_file.find(finding.place.file);
-        if (file == by_file.end()) continue;
-        for (const std::size_t i : file->second) {  // a file may be included more than once
-            Block& block = ledger_.blocks[i];
-            if (finding.place.line < block.line || finding.place.line > block.last_line) continue;
-            block.findings.push_back(ledger_.findings.size() - 1);
-            break;
-        }
+        // a problem that was met before anything was written names no block
+        auto block = std::lower_bound(numbers_.cbegin(), numbers_.cend(), finding.block);
+        if (finding.block == 0)
+            while (block != numbers_.cend() && !holds(ledger_.blocks[index_of(block)], finding.place)) ++block;
+        if (block != numbers_.cend() && (finding.block == 0 || *block == finding.block))
+            ledger_.blocks[index_of(block)].findings.push_back(ledger_.findings.size() - 1);
     }
 }
 

@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -57,6 +58,7 @@ public:
 private:
     std::vector<Line> lines_;
     std::vector<std::string> files_;
+    std::unordered_map<std::string, std::size_t> numbers_;  // of the files
 };
 
 struct Conversion {
