@@ -383,6 +383,55 @@ class Keyboard(ViewTest):
         self.assertIn("Surface of", self.said())
 
 
+class Fingers(ViewTest):
+
+    PINCH = """
+        const canvas = document.querySelector('.view-canvas');
+        const box = canvas.getBoundingClientRect();
+        canvas.setPointerCapture = () => {};
+        const send = (kind, pointerId, x, y) => canvas.dispatchEvent(new PointerEvent(kind, {pointerId, bubbles: true,
+          pointerType: 'touch', clientX: box.left + x, clientY: box.top + y}));
+        for (const [kind, finger, x, y] of arguments[0]) send(kind, finger, x, y);"""
+
+    def test_two_that_part_make_what_is_between_them_larger(self):
+        self.show()
+        at = self.from_above()
+        x, y = at(3, 1.25)  # the middle of the picture
+        before = self.share()
+        self.js(self.PINCH, [["pointerdown", 1, x - 50, y], ["pointerdown", 2, x + 50, y],
+                             ["pointermove", 1, x - 75, y], ["pointermove", 2, x + 75, y],
+                             ["pointerup", 1, x - 75, y], ["pointerup", 2, x + 75, y]])
+        self.assertGreater(self.share(), 1.3 * before)
+        self.assertIn("Surface of", self.said())  # no pick
+        left, right = at(3, 1.25)[0] - 1.5 * (x - at(2, 1)[0]), at(3, 1.25)[0] + 1.5 * (at(4, 1)[0] - x)
+        self.click_at((left, at(3, 0.9)[1]))
+        self.assertIn("of part 5", self.said())
+        self.click_at((right, at(3, 0.9)[1]))
+        self.assertIn("of part 7", self.said())
+
+    def test_one_turns(self):
+        self.show()
+        before = self.sum()
+        self.js(self.PINCH, [["pointerdown", 1, 300, 200], ["pointermove", 1, 340, 210], ["pointerup", 1, 340, 210]])
+        self.assertNotEqual(self.sum(), before)
+
+
+class Converted(ViewTest):
+    """A model that was converted, with all that its deck says of it."""
+
+    def test_has_what_the_deck_lays_upon_it_and_what_became_of_parts(self):
+        folder = browser.convert_example("explosive-cylinder", pages)
+        self.open(folder / "report.html", view=True)
+        before = self.sum()
+        self.choose("Mark", "*BOUNDARY_NON_REFLECTING: segment set 3 outside of the water")
+        self.assertNotEqual(self.sum(), before)
+        self.assertRegex(self.said(), r": (\d+) members, \1 to be seen$")
+        self.choose("Colour by", "outcome")
+        self.assertEqual([each.text for each in self.all(".view-legend li")], ["converted"])
+        self.assertEqual([each.text for each in self.all(".view-name")], ["1 explosive", "2 water"])
+        self.assert_quiet(folder / "report.html")
+
+
 class Million(ViewTest):
     """A million solids in ten parts."""
 
