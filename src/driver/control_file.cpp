@@ -1,15 +1,18 @@
 #include "driver/control_file.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
+#include <charconv>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <string_view>
-#include <utility>
+#include <system_error>
 
 #include "driver/output_file.h"
+#include "driver/system.h"
 #include "reader/output_stream.h"
 
 namespace
@@ -44,15 +47,32 @@ std::string without_blanks(std::string_view text)
     return kept;
 }
 
-// As the "%i" conversion of the C library reads it, which keeps the low 32 bits of a number that is too large; the old
-// value when there is no number.
-int read_flag(std::string value, int old)
+bool is_space(char c)
 {
-    // Newer C libraries read "0b1" as binary. A "b" is a digit behind "0x" alone; anywhere else the number ends at it.
-    if (const std::size_t b = value.find_first_of("bB"); b < value.find_first_of("xX")) value.resize(b);
-    char* end = nullptr;
-    const long long number = std::strtoll(value.c_str(), &end, 0);
-    return end == value.c_str() ? old : static_cast<int>(static_cast<std::uint32_t>(number));
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// As the "%i" conversion of the C library reads it, which keeps the low 32 bits of a number that is too large; the old
+// value when there is no number. C libraries differ in "0x" without a digit behind it, which is 0, and in "0b1".
+int read_flag(std::string_view value, int old)
+{
+    value.remove_prefix(
+        static_cast<std::size_t>(std::find_if_not(value.begin(), value.end(), is_space) - value.begin()));
+    const bool negative = value.starts_with('-');
+    if (negative || value.starts_with('+')) value.remove_prefix(1);
+    int base = value.starts_with('0') ? 8 : 10;
+    const bool hexadecimal = value.starts_with("0x") || value.starts_with("0X");
+    if (hexadecimal && value.size() > 2 && std::isxdigit(static_cast<unsigned char>(value[2])) != 0) {
+        base = 16;
+        value.remove_prefix(2);
+    }
+    std::uint64_t magnitude = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), magnitude, base);
+    if (error == std::errc::invalid_argument) return old;
+    constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
+    const std::uint64_t most = largest + (negative ? 1 : 0);
+    if (error != std::errc{} || magnitude > most) magnitude = most;
+    return static_cast<int>(static_cast<std::uint32_t>(negative ? 0 - magnitude : magnitude));
 }
 
 void read_setting(std::string_view line, ControlFile& control)
@@ -62,7 +82,7 @@ void read_setting(std::string_view line, ControlFile& control)
     std::string label = without_blanks(line.substr(0, colon));
     std::transform(label.begin(), label.end(), label.begin(), upper);
     const std::string_view rest = line.substr(colon + 1);
-    std::string value(rest.substr(0, rest.find_first_of("\n!")));
+    const std::string_view value = rest.substr(0, rest.find_first_of("\n!"));
 
     if (label.starts_with("SOURCEFILE")) {
         control.sourcefile = without_blanks(value);
@@ -70,7 +90,7 @@ void read_setting(std::string_view line, ControlFile& control)
     }
     for (std::size_t i = 0; i < control_flags.size(); ++i) {
         if (!names(label, control_flags[i])) continue;
-        control.values[i] = read_flag(std::move(value), control.values[i]);
+        control.values[i] = read_flag(value, control.values[i]);
         return;
     }
 }
@@ -167,7 +187,7 @@ ControlFileRead readinputs(const char* name)
 {
     ControlFileRead result;
     errno = 0;
-    std::FILE* const file = std::fopen(name, "rb");
+    std::FILE* const file = open_file(name, "rb");
     if (file == nullptr) {
         result.missing = errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
         result.failure = std::strerror(errno);

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 
 #include "reader/run.h"
 
@@ -10,14 +9,14 @@ namespace
 {
 FileState state_by_name()
 {
-    return state_of(std::filesystem::path(file_names.deck));
+    return state_of(path_of(file_names.deck));
 }
 }  // namespace
 
 bool DeckFile::open()
 {
     errno = 0;
-    file_ = open_to_read(file_names.deck);
+    file_ = open_to_read(path_of(file_names.deck));
     if (file_ == nullptr) return refuse(errno);
     opened_ = state_of(file_);
     named_ = state_by_name();

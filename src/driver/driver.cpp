@@ -3,10 +3,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "driver/control_file.h"
 #include "driver/conversion.h"
@@ -17,8 +15,6 @@
 #include "driver/progress.h"
 #include "driver/system.h"
 #include "reader/run.h"
-
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -52,8 +48,7 @@ void print_settings(const ControlFile& control)
 // Asks before an existing main deck is overwritten.
 bool may_write_main_deck()
 {
-    std::error_code ignored;
-    if (!fs::exists(file_names.card, ignored)) return true;
+    if (state_of(path_of(file_names.card)).kind == FileState::Kind::missing) return true;
     std::printf("%s already exists, but will be overwritten with the current settings (cardflag=1). Do you wish to "
                 "continue? (yes/no)\n",
                 file_names.card);
@@ -201,7 +196,7 @@ bool convert_here(const ControlFile& control)
 int morvex(int argc, char* argv[])
 {
     start_progress_clock();
-    fill_standard_streams();
+    prepare_standard_streams();
     prepare_for_sudden_ends();
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "driver/own_files.h"
+
 namespace fs = std::filesystem;
 
 namespace
@@ -13,8 +15,12 @@ namespace
 constexpr std::string_view own_prefix = ".morvex-";
 
 // ".morvex-", the process's number, "-" and a number: no other program's file, and never too long.
-bool is_own_name(std::string_view name)
+bool is_own_name(const fs::path& file)
 {
+    const fs::path last = file.filename();
+    std::string plain;  // what is not plain ASCII stands in no such name
+    for (const auto c : last.native()) plain += c > 0 && c < 0x7f ? static_cast<char>(c) : '?';
+    std::string_view name = plain;
     if (!name.starts_with(own_prefix)) return false;
     name.remove_prefix(own_prefix.size());
     const std::size_t dash = name.find('-');
@@ -24,37 +30,26 @@ bool is_own_name(std::string_view name)
 }
 }  // namespace
 
-fs::path target_of(fs::path name)
-{
-    constexpr int most_links = 40;
-    std::error_code none;
-    for (int links = 0; links < most_links; ++links) {
-        const fs::path next = fs::read_symlink(name, none);
-        if (none) break;
-        name = name.parent_path() / next;
-    }
-    return name;
-}
-
 void remove_leftovers(const fs::path& folder)
 {
     std::error_code failed;
     fs::directory_iterator entry(folder, failed);
     for (; !failed && entry != fs::directory_iterator(); entry.increment(failed))
-        if (is_own_name(entry->path().filename().string())) remove_abandoned(entry->path());
+        if (is_own_name(entry->path())) remove_abandoned(entry->path());
 }
 
 bool OutputFile::create(const char* name)
 {
     discard();
     failure_.clear();
-    target_ = target_of(name);
+    const fs::path path = path_of(name);
+    target_ = target_of(path);
     folder_ = target_.has_parent_path() ? target_.parent_path() : fs::path(".");
     const FileState there = state_of(target_);
     if (there.kind == FileState::Kind::missing && there.error != ENOENT) return fail(there.error);
     const bool in_own_file = there.kind == FileState::Kind::missing || there.kind == FileState::Kind::regular;
     if (!in_own_file) {
-        file_ = std::fopen(name, "wb");
+        file_ = open_file(path, "wb");
         return file_ != nullptr || fail(errno);
     }
     const bool replaces = there.kind == FileState::Kind::regular;
@@ -62,7 +57,7 @@ bool OutputFile::create(const char* name)
     int error = 0;
     file_ = create_own(error);
     if (file_ != nullptr && replaces) dress_like(file_, there);
-    if (file_ == nullptr && replaces) file_ = std::fopen(target_.string().c_str(), "w+b");
+    if (file_ == nullptr && replaces) file_ = open_file(target_, "w+b");
     return file_ != nullptr || fail(error);
 }
 
@@ -74,8 +69,7 @@ std::FILE* OutputFile::create_own(int& error)
     const SignalsHeld held;
     for (int tries = 0; tries < most_tries; ++tries) {
         own_name_ =
-            (folder_ / (std::string(own_prefix) + std::to_string(process_number()) + "-" + std::to_string(++number)))
-                .string();
+            folder_ / (std::string(own_prefix) + std::to_string(process_number()) + "-" + std::to_string(++number));
         errno = 0;
         std::FILE* const file = create_locked(own_name_);
         if (file != nullptr) {
@@ -112,11 +106,9 @@ bool OutputFile::put_in_place()
 {
     if (!close()) return false;
     if (own_name_.empty()) return true;
-    std::error_code failed;
-    fs::rename(own_name_, target_, failed);
-    if (failed) {
+    if (const int error = rename_over(own_name_, target_); error != 0) {
         discard();
-        return fail(failed.value());
+        return fail(error);
     }
     forget_own(own_name_);
     own_name_.clear();
@@ -129,7 +121,7 @@ void OutputFile::discard()
     if (file_ != nullptr) std::fclose(file_);
     file_ = nullptr;
     if (own_name_.empty()) return;
-    std::remove(own_name_.c_str());
+    remove_file(own_name_.c_str());
     forget_own(own_name_);
     own_name_.clear();
     lock_.release();

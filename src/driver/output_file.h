@@ -7,9 +7,6 @@
 
 #include "driver/system.h"
 
-// The file that a name stands for, which need not be there yet: links are followed.
-std::filesystem::path target_of(std::filesystem::path name);
-
 // Removes from a folder what runs that no longer live have left of their own files.
 void remove_leftovers(const std::filesystem::path& folder);
 
@@ -54,6 +51,6 @@ private:
     FileLock lock_;  // of the closed file, until it has its name
     std::filesystem::path target_;
     std::filesystem::path folder_;
-    std::string own_name_;  // empty: written directly, or in place, or not there
+    std::filesystem::path own_name_;  // empty: written directly, or in place, or not there
     std::string failure_;
 };

@@ -20,17 +20,17 @@ bool wanted(const Output& output)
 struct Place {
     const char* name;
     FileState file;
-    FileState folder;       // of a file that is not there yet, and
-    std::string file_name;  // its name there
+    FileState folder;    // of a file that is not there yet, and
+    fs::path file_name;  // its name there
 };
 
 Place place_of(const char* name)
 {
-    Place place{name, state_of(fs::path(name)), {}, {}};
+    Place place{name, state_of(path_of(name)), {}, {}};
     if (place.file.kind != FileState::Kind::missing) return place;
-    const fs::path target = target_of(name);
+    const fs::path target = target_of(path_of(name));
     place.folder = state_of(target.has_parent_path() ? target.parent_path() : fs::path("."));
-    place.file_name = target.filename().string();
+    place.file_name = target.filename();
     return place;
 }
 
@@ -39,7 +39,7 @@ bool same_place(const Place& a, const Place& b)
 {
     if (a.file.kind != FileState::Kind::missing || b.file.kind != FileState::Kind::missing)
         return a.file.kind == FileState::Kind::regular && a.file.same_file(b.file);
-    return a.folder.same_file(b.folder) && a.file_name == b.file_name;
+    return a.folder.same_file(b.folder) && same_name(a.file_name, b.file_name);
 }
 }  // namespace
 

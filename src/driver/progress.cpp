@@ -4,30 +4,15 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
 
+#include "driver/system.h"
 #include "reader/run.h"
-
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#endif
 
 namespace
 {
 constexpr auto silence = std::chrono::seconds(1);  // no line before
 constexpr auto between_lines = std::chrono::milliseconds(100);
 constexpr int line_width = 60;
-
-bool terminal_takes_it()
-{
-#if __has_include(<unistd.h>)
-    const char* const kind = std::getenv("TERM");
-    return isatty(STDERR_FILENO) != 0 && kind != nullptr && std::string_view(kind) != "dumb";
-#else
-    return false;
-#endif
-}
 }  // namespace
 
 void start_progress_clock()
@@ -37,7 +22,7 @@ void start_progress_clock()
 
 Progress::Progress(const char* writing, InputStream& stream) : writing_(writing)
 {
-    if (run_began == Clock::time_point{} || !terminal_takes_it()) return;
+    if (run_began == Clock::time_point{} || !progress_is_seen()) return;
     watched_ = &stream;
     began_ = Clock::now();
     stream.watch([](void* progress, std::size_t bytes) { static_cast<Progress*>(progress)->has_read(bytes); }, this);

@@ -1,24 +1,25 @@
-// What a run needs of the operating system and the standard library does not have. Elsewhere than on POSIX systems the
-// substitutes do without: no locks, no signals, coarser times.
+// What a run needs of the operating system and the standard library does not have: system_posix.cpp and
+// system_windows.cpp are its two halves, of which a build takes one.
 #pragma once
 
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <string>
+#include <string_view>
 
 // ---- the process ---------------------------------------------------------------------------------------------------
 
 // A process may be started with its standard streams closed. The files of the run would then take their places, and
-// what is meant for the terminal would end up in them: so the places are filled first.
-void fill_standard_streams();
+// what is meant for the terminal would end up in them: so the places are filled first. What is written on standard
+// output and error is the same bytes on every system, with UTF-8 on a console.
+void prepare_standard_streams();
 
 // A reader of standard output that goes away, or a limit on the size of files, is a failed write, not the end of the
-// run. A signal that ends the run, and a lack of memory, remove the files that are still the run's own; a lack of
-// memory is told in a line on standard error and by status 2.
+// run. What ends the run from outside (a signal; the console's Ctrl+C or its closing) and a lack of memory remove the
+// files that are still the run's own; a lack of memory is told in a line on standard error and by status 2.
 void prepare_for_sudden_ends();
 
-// While it lives, the signals that end the run from the keyboard or by `kill` wait.
+// While it lives, what ends the run from outside waits. They do not nest.
 class SignalsHeld
 {
 public:
@@ -28,7 +29,26 @@ public:
     SignalsHeld& operator=(const SignalsHeld&) = delete;
 };
 
+// True when standard error is a terminal that goes back to a line's beginning at "\r".
+bool progress_is_seen();
+
+// The process's number, for names.
+std::uint64_t process_number();
+
+// ---- names ---------------------------------------------------------------------------------------------------------
+
+// The path that a name in a control file stands for: its bytes; on Windows, UTF-8, or the system's code page where it
+// is none.
+std::filesystem::path path_of(std::string_view name);
+
+// True when both names stand for one file of a folder: on Windows, capitals are not told from small letters.
+bool same_name(const std::filesystem::path& a, const std::filesystem::path& b);
+
+// The file that a name stands for, which need not be there yet: links are followed.
+std::filesystem::path target_of(std::filesystem::path name);
+
 // ---- files ---------------------------------------------------------------------------------------------------------
+// Errors are numbers of errno.
 
 struct FileState {
     enum class Kind { missing, regular, folder, other };
@@ -39,7 +59,7 @@ struct FileState {
     std::uint64_t number = 0;
     std::uint64_t size = 0;
     std::int64_t modified = 0;  // nanoseconds
-    std::int64_t changed = 0;
+    std::int64_t changed = 0;   // as are mode, owner and group, 0 where the system has none
     unsigned mode = 0;
     unsigned owner = 0;
     unsigned group = 0;
@@ -54,10 +74,13 @@ struct FileState {
 FileState state_of(const std::filesystem::path& file);  // links are followed
 FileState state_of(std::FILE* file);
 
-// Opens a file to read it without waiting for a writer; null and errno when that fails.
-std::FILE* open_to_read(const char* name);
+// As fopen does; the mode has a "b".
+std::FILE* open_file(const std::filesystem::path& file, const char* mode);
 
-// 0 when the file may be written to, else why not. It stays as it is.
+// Opens a file to read it without waiting for a writer; null and errno when that fails.
+std::FILE* open_to_read(const std::filesystem::path& file);
+
+// 0 when the file may be written to and replaced, else why not. It stays as it is.
 int write_error(const std::filesystem::path& file);
 
 // Creates a file that was not there, for writing and reading back, and locks it: so others see that its run lives. Null
@@ -76,21 +99,21 @@ public:
     void release();
 
 private:
-    int descriptor_ = -1;
+    std::intptr_t handle_ = -1;
 };
 
-// Gives a new file the mode of another, and its owner and group as far as the user may.
+// Gives a new file the mode of another, and its owner and group as far as the user may. On Windows a file has the
+// permissions of its folder.
 void dress_like(std::FILE* file, const FileState& other);
+
+// Gives a file another name in its folder, in place of the file that has it, if any; 0, or why that failed.
+int rename_over(const std::filesystem::path& file, const std::filesystem::path& name);
+
+// Removes a file, or does nothing when that fails; safe in a signal handler.
+void remove_file(const std::filesystem::path::value_type* file);
 
 // Removes a file that create_locked made, unless its run lives.
 void remove_abandoned(const std::filesystem::path& file);
-
-// The process's number, for names.
-long process_number();
-
-// The files that are removed when the run ends suddenly; `file` must stay where it is until it is forgotten.
-void remember_own(const std::string& file);
-void forget_own(const std::string& file);
 
 // While it lives, no other run puts files in place in this folder: waits for a second at most.
 class FolderLock
@@ -102,5 +125,5 @@ public:
     FolderLock& operator=(const FolderLock&) = delete;
 
 private:
-    int folder_ = -1;
+    std::intptr_t handle_ = -1;
 };

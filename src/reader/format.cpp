@@ -32,7 +32,7 @@ int format_values(char* to, std::size_t room, const char* format, std::va_list v
             rest.remove_prefix(rest.substr(0, plain).size());
             continue;
         }
-        const std::size_t end = rest.find_first_of("%cidefgs", 1);
+        const std::size_t end = rest.find_first_not_of("-+ #0123456789.*l", 1);
         std::string conversion(rest.substr(0, end + 1));
         rest.remove_prefix(conversion.size());
         if (const std::size_t star = conversion.find('*'); star != std::string::npos)
@@ -42,7 +42,9 @@ int format_values(char* to, std::size_t room, const char* format, std::va_list v
             put("%s", "%");
         } else if (kind == 's') {
             put(conversion, va_arg(values, const char*));
-        } else if (kind == 'c' || kind == 'i' || kind == 'd') {
+        } else if (conversion.find("ll") != std::string::npos) {
+            put(conversion, va_arg(values, long long));
+        } else if (std::string_view("cidux").find(kind) != std::string_view::npos) {
             put(conversion, va_arg(values, int));
         } else if (const double value = va_arg(values, double); !std::isnan(value) || !std::signbit(value)) {
             put(conversion, value);

@@ -4,6 +4,5 @@
 #include <cstdarg>
 #include <cstddef>
 
-// As vsnprintf does. Values are int, double and const char*, written by %i, %d, %e, %f, %g and %s, and a width may be
-// "*".
+// As vsnprintf does. Values are int, long long, double and const char*, and a width may be "*".
 [[gnu::format(printf, 3, 0)]] int format_values(char* to, std::size_t room, const char* format, std::va_list values);

@@ -49,7 +49,9 @@ double value_by_strtod(std::string_view field)
     char terminated[48];
     const std::size_t length = field.copy(terminated, sizeof terminated - 1);
     terminated[length] = '\0';
-    return std::strtod(terminated, nullptr);
+    char* end = nullptr;
+    const double value = std::strtod(terminated, &end);
+    return end == terminated ? 0.0 : value;  // some libraries make -0 of "-" without a number
 }
 
 float negative_nan()
@@ -57,10 +59,13 @@ float negative_nan()
     return -std::numeric_limits<float>::quiet_NaN();
 }
 
-// The result of an operation, with the NaN that it made itself, if it made one, in its x86-64 form.
+// The result of an operation as x86-64 gives it: the first operand that is no number, or the NaN that the operation
+// made, in its form there.
 float as_on_x86(float result, float a, float b)
 {
-    return std::isnan(result) && !std::isnan(a) && !std::isnan(b) ? negative_nan() : result;
+    if (std::isnan(a)) return a;
+    if (std::isnan(b)) return b;
+    return std::isnan(result) ? negative_nan() : result;
 }
 }  // namespace
 

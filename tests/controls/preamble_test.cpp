@@ -3,18 +3,19 @@
 #include <ctime>
 
 #include "support/control_lines.h"
+#include "support/environment.h"
 
 namespace
 {
 class Header : public FreshRun
 {
 protected:
-    Header() { unsetenv("SOURCE_DATE_EPOCH"); }
+    Header() { set_variable("SOURCE_DATE_EPOCH", nullptr); }
     ~Header() override
     {
-        unsetenv("SOURCE_DATE_EPOCH");
-        unsetenv("TZ");
-        tzset();
+        set_variable("SOURCE_DATE_EPOCH", nullptr);
+        set_variable("TZ", nullptr);
+        take_time_zone();
     }
 
     static std::string date_line() { return line_with(convert(header, "").deck, "!  Version "); }
@@ -39,7 +40,7 @@ using ProblemTitle = FreshRun;
 
 TEST_F(Header, OnAGivenDay)
 {
-    setenv("SOURCE_DATE_EPOCH", "1709596800", 1);  // 5 March 2024, 0:00 UTC
+    set_variable("SOURCE_DATE_EPOCH", "1709596800");  // 5 March 2024, 0:00 UTC
     EXPECT_EQ(convert(header, "").deck,
               "!----------------------------------------------------------------------------\n"
               "!  Kestrune Input Deck\n"
@@ -64,30 +65,43 @@ TEST_F(Header, ItsRuleIsSeventySixHyphensLong)
 TEST_F(Header, AGivenDayIsThatOfUtcWhateverTheTimeZone)
 {
     for (const char* zone : {"ABC-14", "ABC12"}) {
-        setenv("TZ", zone, 1);
-        tzset();
-        setenv("SOURCE_DATE_EPOCH", "1709596800", 1);  // 5 March 2024, 0:00 UTC
+        set_variable("TZ", zone);
+        take_time_zone();
+        set_variable("SOURCE_DATE_EPOCH", "1709596800");  // 5 March 2024, 0:00 UTC
         EXPECT_EQ(date_line(), "!  Version 2.601 : 3/5/2024");
-        setenv("SOURCE_DATE_EPOCH", "1709683199", 1);  // 23:59:59 on the same day
+        set_variable("SOURCE_DATE_EPOCH", "1709683199");  // 23:59:59 on the same day
         EXPECT_EQ(date_line(), "!  Version 2.601 : 3/5/2024");
-        setenv("SOURCE_DATE_EPOCH", "1709683200", 1);
+        set_variable("SOURCE_DATE_EPOCH", "1709683200");
         EXPECT_EQ(date_line(), "!  Version 2.601 : 3/6/2024");
     }
 }
 
 TEST_F(Header, TwoDigitMonthsAndDays)
 {
-    setenv("SOURCE_DATE_EPOCH", "1735603200", 1);  // 31 December 2024, 0:00 UTC
+    set_variable("SOURCE_DATE_EPOCH", "1735603200");  // 31 December 2024, 0:00 UTC
     EXPECT_EQ(date_line(), "!  Version 2.601 : 12/31/2024");
-    setenv("SOURCE_DATE_EPOCH", "0", 1);
+    set_variable("SOURCE_DATE_EPOCH", "0");
     EXPECT_EQ(date_line(), "!  Version 2.601 : 1/1/1970");
+}
+
+TEST_F(Header, LeapDaysAndDaysBefore1970AndAfter2038)
+{
+    const std::pair<const char*, const char*> days[] = {{"951782400", "2/29/2000"},  {"4107542399", "2/28/2100"},
+                                                        {"4107542400", "3/1/2100"},  {"-1", "12/31/1969"},
+                                                        {"-86400", "12/31/1969"},    {"-86401", "12/30/1969"},
+                                                        {"-62135596800", "1/1/1"},   {"-62135596801", "12/31/0"},
+                                                        {"2147483648", "1/19/2038"}, {"253370764800", "1/1/9999"}};
+    for (const auto& [seconds, date] : days) {
+        set_variable("SOURCE_DATE_EPOCH", seconds);
+        EXPECT_EQ(date_line(), "!  Version 2.601 : " + std::string(date)) << seconds;
+    }
 }
 
 TEST_F(Header, WithoutAGivenDayItIsTodayInLocalTime)
 {
     for (const char* zone : {"ABC-14", "ABC12", "UTC0"}) {
-        setenv("TZ", zone, 1);
-        tzset();
+        set_variable("TZ", zone);
+        take_time_zone();
         expect_today();
     }
 }
@@ -96,18 +110,18 @@ TEST_F(Header, WhatIsNoNumberGivesToday)
 {
     for (const char* text :
          {"", "today", "17096400x", " 1709596800", "1e9", "99999999999999999999999", "9223372036854775807"}) {
-        setenv("SOURCE_DATE_EPOCH", text, 1);
+        set_variable("SOURCE_DATE_EPOCH", text);
         expect_today();
     }
 }
 
 TEST_F(Header, ADayBehindTheYear9999GivesToday)
 {
-    setenv("SOURCE_DATE_EPOCH", "253402300799", 1);  // 31 December 9999, 23:59:59 UTC
+    set_variable("SOURCE_DATE_EPOCH", "253402300799");  // 31 December 9999, 23:59:59 UTC
     EXPECT_EQ(date_line(), "!  Version 2.601 : 12/31/9999");
     // the second after it, and the last second of the last year that std::tm can hold, beyond int when written out
     for (const char* seconds : {"253402300800", "67768036191676799"}) {
-        setenv("SOURCE_DATE_EPOCH", seconds, 1);
+        set_variable("SOURCE_DATE_EPOCH", seconds);
         expect_today();
     }
 }

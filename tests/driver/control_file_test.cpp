@@ -254,6 +254,16 @@ TEST(ControlFile, NumbersAreNotBinaryWhateverTheCLibraryReads)
     EXPECT_EQ(flag("setflag:0XBx\n", set), 11);
 }
 
+TEST(ControlFile, APrefixWithoutADigitBehindItIsTheNumberZero)
+{
+    EXPECT_EQ(flag("setflag:7\nsetflag:0x\n", set), 0);
+    EXPECT_EQ(flag("setflag:7\nsetflag:0Xg1\n", set), 0);
+    EXPECT_EQ(flag("setflag:7\nsetflag:-0x \n", set), 0);
+    EXPECT_EQ(flag("setflag:-0x1F\n", set), -31);
+    EXPECT_EQ(flag("setflag:7\nsetflag:+-1\n", set), 7) << "no number";
+    EXPECT_EQ(flag("setflag:7\nsetflag:- 1\n", set), 7) << "no number";
+}
+
 TEST(ControlFile, TextBehindANumberIsIgnored)
 {
     EXPECT_EQ(flag("setflag: 1 yes\n", set), 1);
@@ -284,6 +294,9 @@ TEST(ControlFile, NumberOutOfRangeGivesTheLow32BitsOfTheClamped64BitValue)
     EXPECT_EQ(flag("setflag: 0x100000001\n", set), 1);
     EXPECT_EQ(flag("setflag: 99999999999999999999\n", set), -1) << "clamped to 0x7fffffffffffffff";
     EXPECT_EQ(flag("setflag: -99999999999999999999\n", set), 0) << "clamped to 0x8000000000000000";
+    EXPECT_EQ(flag("setflag: 0x8000000000000001\n", set), -1) << "clamped to 0x7fffffffffffffff";
+    EXPECT_EQ(flag("setflag: -9223372036854775807\n", set), 1);
+    EXPECT_EQ(flag("setflag: -9223372036854775809\n", set), 0) << "clamped to 0x8000000000000000";
 }
 
 TEST(ControlFile, LabelThatOccursTwiceTakesItsLastValue)

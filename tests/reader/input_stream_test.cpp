@@ -3,7 +3,6 @@
 #include "reader/input_stream.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
@@ -324,19 +323,6 @@ TEST(InputStream, KeywordBehindTheLastOneIsTheFirstEndLine)
             EXPECT_TRUE(stream.at_end());
             EXPECT_EQ(stream.ahead(5), "*END");
         }
-    }
-}
-
-TEST(InputStream, MissingFilesFoldersAndPipesAreRefused)
-{
-    const TemporaryFolder folder;
-    std::filesystem::create_directory("folder");
-    ASSERT_EQ(mkfifo("pipe", 0600), 0);
-    for (const char* name : {"missing", "folder", "pipe", "", "/dev/null"}) {
-        InputStream stream;
-        EXPECT_FALSE(stream.open(name, smallest)) << name;
-        EXPECT_FALSE(stream.is_open()) << name;
-        EXPECT_EQ(read_on(stream, 10), "*END\n*END\n") << name;
     }
 }
 

@@ -26,12 +26,27 @@ Outcome run_command(const std::string& command, const std::string& input)
     return outcome;
 }
 
+namespace
+{
+// The command in that variable, or the program that was built with the tests.
+std::string command(const char* variable, const char* built)
+{
+    const char* const given = std::getenv(variable);
+    return given != nullptr ? given : built;
+}
+
+std::string variant()
+{
+    return command("MORVEX_TEST_VARIANT", MORVEX_VARIANT);
+}
+}  // namespace
+
 std::string program()
 {
     const char* const window = std::getenv("MORVEX_TEST_WINDOW");
-    return window == nullptr ? MORVEX_PROGRAM : std::string(MORVEX_VARIANT) + " " + window;
+    return window == nullptr ? command("MORVEX_TEST_PROGRAM", MORVEX_PROGRAM) : variant() + " " + window;
 }
 std::string tiny_window_program()
 {
-    return MORVEX_VARIANT " 128";
+    return variant() + " 128";
 }

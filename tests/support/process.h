@@ -13,6 +13,7 @@ struct Outcome {
 // Runs a shell command in the present folder, with `input` typed on standard input, and the clock at 5 March 2024.
 Outcome run_command(const std::string& command, const std::string& input = "");
 
-// The program itself, and the variant with the smallest window, 128 bytes.
+// The program itself, and the variant with the smallest window, 128 bytes. MORVEX_TEST_PROGRAM and MORVEX_TEST_VARIANT
+// in the environment name commands to run in their place: programs for another system, say, in its emulator.
 std::string program();
 std::string tiny_window_program();

@@ -2,7 +2,9 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
+#include <string>
 
 #include "reader/run.h"
 #include "support/convert.h"
@@ -21,9 +23,9 @@ namespace
 
 TemporaryName::TemporaryName()
 {
-    std::string name = (fs::temp_directory_path() / "morvex-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder: " + name);
-    path_ = name;
+    std::random_device random;
+    do path_ = fs::temp_directory_path() / ("morvex-test-" + std::to_string(random()));
+    while (!fs::create_directory(path_));
 }
 
 TemporaryName::~TemporaryName()

@@ -1,12 +1,12 @@
 #include "support/whole_run.h"
 
-#include <cstdlib>
 #include <stdexcept>
 
 #include "driver/conversion.h"
 #include "driver/file_names.h"
 #include "reader/control_flags.h"
 #include "reader/run.h"
+#include "support/environment.h"
 
 bool RunOutputs::same_model(const RunOutputs& other) const
 {
@@ -16,7 +16,7 @@ bool RunOutputs::same_model(const RunOutputs& other) const
 
 RunOutputs run_whole(std::string_view deck, const RunFlags& flags)
 {
-    setenv("SOURCE_DATE_EPOCH", "1709640000", 1);  // 2024-03-05: the main deck carries the day of the run
+    set_variable("SOURCE_DATE_EPOCH", "1709640000");  // 2024-03-05: the main deck carries the day of the run
     reset_run();
     for (std::size_t i = 0; i < flags.size(); ++i) *control_flags[i].variable = flags[i];
     debflag = 1;

@@ -1,7 +1,11 @@
 #include "driver/system.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -10,52 +14,9 @@
 #include <system_error>
 #include <thread>
 
-#if __has_include(<unistd.h>)
-#define MORVEX_POSIX 1
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include "driver/own_files.h"
 
-namespace
-{
-// Read by signal handlers: the files that go when the run ends suddenly.
-std::array<std::atomic<const char*>, 8> own_files{};
-static_assert(std::atomic<const char*>::is_always_lock_free);
-
-void remove_own_files()
-{
-    for (const std::atomic<const char*>& file : own_files)
-        if (const char* const name = file.load(); name != nullptr) std::remove(name);
-}
-
-[[noreturn]] void end_without_memory()
-{
-    remove_own_files();
-    std::fflush(stdout);
-    std::fputs("morvex: there is not enough memory for this deck\n", stderr);
-    std::_Exit(2);
-}
-}  // namespace
-
-void remember_own(const std::string& file)
-{
-    for (std::atomic<const char*>& place : own_files) {
-        const char* empty = nullptr;
-        if (place.compare_exchange_strong(empty, file.c_str())) return;
-    }
-}
-
-void forget_own(const std::string& file)
-{
-    for (std::atomic<const char*>& place : own_files) {
-        const char* name = file.c_str();
-        if (place.compare_exchange_strong(name, nullptr)) return;
-    }
-}
-
-#ifdef MORVEX_POSIX
+namespace fs = std::filesystem;
 
 namespace
 {
@@ -64,8 +25,7 @@ constexpr std::array ending_signals = {SIGINT, SIGTERM, SIGHUP};
 // Ends the process by the very signal, once its files are gone.
 void end_by_signal(int number)
 {
-    for (const std::atomic<const char*>& file : own_files)
-        if (const char* const name = file.load(); name != nullptr) unlink(name);
+    remove_own_files();
     std::signal(number, SIG_DFL);
     std::raise(number);
 }
@@ -108,7 +68,7 @@ FileState unknown_state()
 }
 }  // namespace
 
-void fill_standard_streams()
+void prepare_standard_streams()
 {
     int place = open("/dev/null", O_RDWR);
     while (place >= 0 && place <= STDERR_FILENO) place = dup(place);
@@ -142,7 +102,40 @@ SignalsHeld::~SignalsHeld()
     sigprocmask(SIG_UNBLOCK, &set, nullptr);
 }
 
-FileState state_of(const std::filesystem::path& file)
+bool progress_is_seen()
+{
+    const char* const kind = std::getenv("TERM");
+    return isatty(STDERR_FILENO) != 0 && kind != nullptr && std::string_view(kind) != "dumb";
+}
+
+std::uint64_t process_number()
+{
+    return static_cast<std::uint64_t>(getpid());
+}
+
+fs::path path_of(std::string_view name)
+{
+    return name;
+}
+
+bool same_name(const fs::path& a, const fs::path& b)
+{
+    return a == b;
+}
+
+fs::path target_of(fs::path name)
+{
+    constexpr int most_links = 40;
+    std::error_code none;
+    for (int links = 0; links < most_links; ++links) {
+        const fs::path next = fs::read_symlink(name, none);
+        if (none) break;
+        name = name.parent_path() / next;
+    }
+    return name;
+}
+
+FileState state_of(const fs::path& file)
 {
     struct stat found {
     };
@@ -156,13 +149,18 @@ FileState state_of(std::FILE* file)
     return fstat(fileno(file), &found) == 0 ? state_from(found) : unknown_state();
 }
 
-std::FILE* open_to_read(const char* name)
+std::FILE* open_file(const fs::path& file, const char* mode)
 {
-    const int descriptor = open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    return std::fopen(file.c_str(), mode);
+}
+
+std::FILE* open_to_read(const fs::path& file)
+{
+    const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     return descriptor < 0 ? nullptr : fdopen(descriptor, "rb");
 }
 
-int write_error(const std::filesystem::path& file)
+int write_error(const fs::path& file)
 {
     const int descriptor = open(file.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0) return errno;
@@ -170,7 +168,7 @@ int write_error(const std::filesystem::path& file)
     return 0;
 }
 
-std::FILE* create_locked(const std::filesystem::path& file)
+std::FILE* create_locked(const fs::path& file)
 {
     const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) return nullptr;
@@ -188,13 +186,13 @@ std::FILE* create_locked(const std::filesystem::path& file)
 void FileLock::keep(std::FILE* file)
 {
     release();
-    descriptor_ = fcntl(fileno(file), F_DUPFD_CLOEXEC, 0);
+    handle_ = fcntl(fileno(file), F_DUPFD_CLOEXEC, 0);
 }
 
 void FileLock::release()
 {
-    if (descriptor_ >= 0) close(descriptor_);
-    descriptor_ = -1;
+    if (handle_ >= 0) close(static_cast<int>(handle_));
+    handle_ = -1;
 }
 
 void dress_like(std::FILE* file, const FileState& other)
@@ -206,7 +204,19 @@ void dress_like(std::FILE* file, const FileState& other)
     if (own.mode != other.mode) fchmod(descriptor, other.mode);
 }
 
-void remove_abandoned(const std::filesystem::path& file)
+int rename_over(const fs::path& file, const fs::path& name)
+{
+    std::error_code failed;
+    fs::rename(file, name, failed);
+    return failed.value();
+}
+
+void remove_file(const char* file)
+{
+    unlink(file);
+}
+
+void remove_abandoned(const fs::path& file)
 {
     const int descriptor = open(file.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0) return;
@@ -221,102 +231,15 @@ void remove_abandoned(const std::filesystem::path& file)
     close(descriptor);
 }
 
-long process_number()
+FolderLock::FolderLock(const fs::path& folder) : handle_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    return getpid();
-}
-
-FolderLock::FolderLock(const std::filesystem::path& folder)
-    : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-{
-    for (int tries = 0; folder_ >= 0 && tries < 100; ++tries) {
-        if (flock(folder_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;
+    for (int tries = 0; handle_ >= 0 && tries < 100; ++tries) {
+        if (flock(static_cast<int>(handle_), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }
 
 FolderLock::~FolderLock()
 {
-    if (folder_ >= 0) close(folder_);
+    if (handle_ >= 0) close(static_cast<int>(handle_));
 }
-
-#else
-
-void fill_standard_streams()
-{
-}
-
-void prepare_for_sudden_ends()
-{
-    std::set_new_handler(end_without_memory);
-}
-
-SignalsHeld::SignalsHeld() = default;
-SignalsHeld::~SignalsHeld() = default;
-
-FileState state_of(const std::filesystem::path& file)
-{
-    namespace fs = std::filesystem;
-    FileState state;
-    std::error_code failed;
-    const fs::file_status status = fs::status(file, failed);
-    if (!fs::exists(status)) {
-        state.error = ENOENT;
-        return state;
-    }
-    state.kind = fs::is_regular_file(status) ? FileState::Kind::regular
-                 : fs::is_directory(status)  ? FileState::Kind::folder
-                                             : FileState::Kind::other;
-    state.number = std::hash<std::string>{}(fs::weakly_canonical(fs::absolute(file, failed), failed).string());
-    state.size = fs::file_size(file, failed);
-    state.modified = fs::last_write_time(file, failed).time_since_epoch().count();
-    return state;
-}
-
-FileState state_of(std::FILE*)
-{
-    return {};  // whoever compares it with another one of the same file finds no difference
-}
-
-std::FILE* open_to_read(const char* name)
-{
-    return std::fopen(name, "rb");
-}
-
-int write_error(const std::filesystem::path& file)
-{
-    std::FILE* const opened = std::fopen(file.string().c_str(), "ab");
-    if (opened == nullptr) return errno;
-    std::fclose(opened);
-    return 0;
-}
-
-std::FILE* create_locked(const std::filesystem::path& file)
-{
-    return std::fopen(file.string().c_str(), "w+bx");
-}
-
-void FileLock::keep(std::FILE*)
-{
-}
-void FileLock::release()
-{
-}
-void dress_like(std::FILE*, const FileState&)
-{
-}
-void remove_abandoned(const std::filesystem::path&)
-{
-}
-
-long process_number()
-{
-    return static_cast<long>(std::chrono::steady_clock::now().time_since_epoch().count() % 1'000'000'000);
-}
-
-FolderLock::FolderLock(const std::filesystem::path&)
-{
-}
-FolderLock::~FolderLock() = default;
-
-#endif
