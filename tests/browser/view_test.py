@@ -307,6 +307,26 @@ class Picking(ViewTest):
         self.assertIn("Surface of", self.said())
 
 
+    def test_takes_what_stands_for_others_where_it_is_drawn(self):
+        self.show("thinned.html")
+        self.press("Look from +Z")
+        width, height = self.js("const c = document.querySelector('.view-canvas'); return [c.clientWidth, c.clientHeight]")
+        pixel = 1.15 * 287 / width  # five blocks of 47, 60 apart, in two rows: 287 by 107
+        middle = (width / 2 + (23.5 - 143.5) / pixel, height / 2 - (23.5 - 53.5) / pixel)  # of the first block
+        background = self.colour((2, 2))
+        picked = 0
+        for step in range(10):
+            at = (middle[0] + 5 * step - 25, middle[1])
+            around = [(at[0] + x, at[1] + y) for x in (-2, 0, 2) for y in (-2, 0, 2)]  # no border
+            drawn = all(self.colour(pixel) != background for pixel in around)
+            self.click_at(at)
+            hit = self.said().startswith("Solid")
+            picked += hit
+            if drawn:
+                self.assertTrue(hit, f"nothing is picked at {at}, where something is drawn")
+        self.assertGreater(picked, 3)
+
+
 class Sets(ViewTest):
 
     def test_are_marked(self):

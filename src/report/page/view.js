@@ -235,11 +235,12 @@ class View {
   pickAt(x, y) {
     const ray = this.camera.rayAt(x, y);
     const plane = this.world.shared.plane.value.toArray();
+    const growth = this.world.shared.growth.value;
     const best = {distance: Infinity, face: -1, particle: -1};
     const radius = Math.max(this.particlePixels() / 2, 3) * this.camera.pixel();
     this.parts.forEach((part, place) => {
       if (!this.shown[place]) return;
-      nearestFace(this.arrays, part, ray, plane, best);
+      nearestFace(this.arrays, part, ray, growth, plane, best);
       nearestParticle(this.arrays, part, ray, radius, plane, best);
     });
     if (best.face >= 0) this.pickElement(this.arrays.face_elements[best.face]);

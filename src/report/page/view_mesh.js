@@ -123,13 +123,25 @@ function isCutOff(ray, distance, plane) {
   return side > plane[3];
 }
 
-// The nearest face of the part on the ray, nearer than `best.distance`: put into `best`.
-function nearestFace(arrays, part, ray, plane, best) {
+// The ray as a face of nodes a, b, c, d sees it that is drawn larger by `growth` about its middle, were the face as it is
+// and all else smaller. Distances along it are smaller, too. Put into `seen`.
+function shrinkRay(p, a, b, c, d, ray, growth, seen) {
+  for (let axis = 0; axis < 3; axis++) {
+    const middle = (p[a * 3 + axis] + p[b * 3 + axis] + p[c * 3 + axis] + p[d * 3 + axis]) / 4;
+    seen[axis] = middle + (ray[axis] - middle) / growth;
+  }
+}
+
+// The nearest face of the part on the ray, nearer than `best.distance`: put into `best`. Faces are larger by `growth`.
+function nearestFace(arrays, part, ray, growth, plane, best) {
   const {positions, faces} = arrays;
+  const seen = [...ray];
   for (let face = part.first_face; face < part.first_face + part.faces; face++) {
     const a = faces[face * 4], b = faces[face * 4 + 1], c = faces[face * 4 + 2], d = faces[face * 4 + 3];
-    let distance = distanceToTriangle(positions, a, b, c, ray);
-    if (c !== d) distance = Math.min(distance, distanceToTriangle(positions, a, c, d, ray));
+    if (growth !== 1) shrinkRay(positions, a, b, c, d, ray, growth, seen);
+    let distance = distanceToTriangle(positions, a, b, c, seen);
+    if (c !== d) distance = Math.min(distance, distanceToTriangle(positions, a, c, d, seen));
+    distance *= growth;
     if (distance >= 0 && distance < best.distance && !isCutOff(ray, distance, plane)) {
       best.distance = distance;
       best.face = face;
