@@ -67,7 +67,7 @@ struct File {
 };
 
 struct Ledger {
-    std::string deck;  // its name without folders
+    std::string deck;  // its name in the folder, which is the user's name for it but for what no control file can hold
     bool prepared = true;
     std::vector<std::pair<std::string, int>> settings;
     std::vector<File> files;

@@ -411,7 +411,7 @@ Ledger Maker::make()
     std::future<void> sums = std::async([this] {
         for (File& file : ledger_.files) file.sha256 = sha256_of_file(path_of(file), &file.size);
     });
-    ledger_.deck = conversion_->deck.filename().string();
+    ledger_.deck = conversion_->name;
     for (std::size_t i = 0; i < control_flags.size(); ++i)
         ledger_.settings.emplace_back(control_flags[i].name, conversion_->settings.values[i]);
     collect_lines();

@@ -70,11 +70,12 @@ inline void run_in(const std::filesystem::path& folder, const std::string& name,
     reset_run();
 }
 
-// Prepares the deck, or copies it, into the folder, converts it there and accounts for all of it.
+// Prepares the deck, or copies it, into the folder, under its own name or another, converts it there and accounts for
+// all of it.
 inline report::Ledger account_for(const std::filesystem::path& deck, const std::filesystem::path& folder,
-                                  const RunFlags& flags = every_output, bool prepare = true)
+                                  const RunFlags& flags = every_output, bool prepare = true, std::string name = {})
 {
-    const std::string name = deck.filename().string();
+    if (name.empty()) name = deck.filename().string();
     std::filesystem::create_directories(folder);
     report::Conversion conversion{deck, folder, name, control_of(flags, name)};
     write_file(folder / control_file_name, control_file_text(conversion.settings));

@@ -398,6 +398,17 @@ TEST_F(LedgerBlocks, AreWrittenTheSameTwice)
     EXPECT_EQ(one.str(), other.str());
 }
 
+TEST_F(LedgerBlocks, BelongToTheUsersFileUnderItsOwnName)
+{
+    write_file("my model.k", plain_deck);
+    for (const bool prepare : {true, false}) {
+        const Ledger ledger = account_for("my model.k", "out", every_output, prepare, "mymodel.k");
+        EXPECT_EQ(ledger.deck, "mymodel.k");
+        EXPECT_EQ(block_of(ledger, "*NODE").file, "my model.k");
+        EXPECT_TRUE(faults(ledger, "out", "my model.k", true).empty());
+    }
+}
+
 // ---- files that change ---------------------------------------------------------------------------------------------
 
 TEST_F(LedgerBlocks, AreHeldAgainstTheFilesThatTheyStandIn)
