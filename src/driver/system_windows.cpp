@@ -224,7 +224,8 @@ void prepare_standard_streams()
          {Stream{STD_INPUT_HANDLE, stdin, "r"}, Stream{STD_OUTPUT_HANDLE, stdout, "w"},
           Stream{STD_ERROR_HANDLE, stderr, "w"}}) {
         const HANDLE handle = GetStdHandle(place);
-        if (handle == nullptr || handle == INVALID_HANDLE_VALUE) std::freopen("NUL", mode, file);
+        const bool closed = handle == nullptr || handle == INVALID_HANDLE_VALUE;
+        if (closed && std::freopen("NUL", mode, file) == nullptr) continue;
         if (file != stdin) _setmode(_fileno(file), _O_BINARY);
     }
     if (!is_console(STD_OUTPUT_HANDLE) && !is_console(STD_ERROR_HANDLE)) return;
