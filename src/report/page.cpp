@@ -15,7 +15,13 @@
 
 extern const std::string_view report_page;  // page/page.html
 extern const std::string_view report_style;
-extern const std::string_view report_script;
+extern const std::string_view page_data_script;
+extern const std::string_view page_elements_script;
+extern const std::string_view page_losses_script;
+extern const std::string_view page_numbers_script;
+extern const std::string_view page_curves_script;
+extern const std::string_view page_blocks_script;
+extern const std::string_view page_script;
 extern const std::string_view view_style;
 extern const std::string_view view_mesh_script;
 extern const std::string_view view_camera_script;
@@ -40,7 +46,13 @@ const Embedded scripts[] = {{"three.min.js", three_script},
                             {"view_scene.js", view_scene_script},
                             {"view_elements.js", view_elements_script},
                             {"view.js", view_script},
-                            {"page.js", report_script}};
+                            {"page_data.js", page_data_script},
+                            {"page_elements.js", page_elements_script},
+                            {"page_losses.js", page_losses_script},
+                            {"page_numbers.js", page_numbers_script},
+                            {"page_curves.js", page_curves_script},
+                            {"page_blocks.js", page_blocks_script},
+                            {"page.js", page_script}};
 
 // What the page may have in bytes before its scripts, so that the whole stays below 25 million.
 constexpr std::size_t most_data = 23'900'000;
