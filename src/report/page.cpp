@@ -81,14 +81,14 @@ std::string version()
 std::string digest_in_base64(std::string_view text)
 {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    const std::string hexadecimal = sha256_of(text) + "0000";  // 32 bytes, and what fills up the last three
+    const std::string hexadecimal = sha256_of(text) + "00";  // 32 bytes, and one to fill up the last three
     std::string base64;
-    for (std::size_t at = 0; at + 6 <= hexadecimal.size() && base64.size() < 44; at += 6) {
+    for (std::size_t at = 0; at < hexadecimal.size(); at += 6) {
         const unsigned long group = std::stoul(hexadecimal.substr(at, 6), nullptr, 16);
         for (unsigned shift = 24; shift > 0; shift -= 6) base64 += digits[group >> (shift - 6) & 63U];
     }
-    base64.back() = '=';
-    return base64;
+    base64.pop_back();  // nothing but filling
+    return base64 + "=";
 }
 
 // An element's text: on lines of its own.
