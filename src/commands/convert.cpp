@@ -2,8 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -18,7 +21,6 @@
 #include "commands/own_folder.h"
 #include "commands/preparation.h"
 #include "commands/settings.h"
-#include "commands/whole_file.h"
 #include "deck/deck_reader.h"
 #include "deck/fault.h"
 #include "driver/control_file.h"
@@ -151,6 +153,20 @@ struct Prepared {
     std::vector<deck::SourceFile> sources;
 };
 
+void write_file(const OwnFolder& folder, const std::string& name, const std::function<void(std::ostream&)>& write)
+{
+    errno = 0;
+    std::ofstream file(folder.path() / name, std::ios::binary);
+    try {
+        file.exceptions(std::ios::badbit | std::ios::failbit);  // at once, while the reason is known
+        write(file);
+        file.close();
+    } catch (const std::ios_base::failure&) {
+        throw deck::Fault((folder.place() / name).string() + ": " +
+                          (errno != 0 ? std::strerror(errno) : "it cannot be written"));
+    }
+}
+
 Prepared write_deck(const Arguments& arguments, const OwnFolder& folder, const std::string& name)
 {
     Prepared prepared;
@@ -164,7 +180,7 @@ Prepared write_deck(const Arguments& arguments, const OwnFolder& folder, const s
     const prepare::Preparation preparation = preparation_of(arguments.deck);
     prepared.sources = preparation.files();
     for (const deck::SourceFile& file : prepared.sources) refuse_own_input(file.path, folder.place());
-    write_whole(folder.path() / name, [&](std::ostream& stream) {
+    write_file(folder, name, [&](std::ostream& stream) {
         prepared.summary = preparation.write(stream, {.origin = prepared.origins.taker()});
     });
     return prepared;
@@ -189,11 +205,11 @@ private:
 
 void run_converter(const OwnFolder& folder, const ControlFile& settings, report::Account& account)
 {
+    write_file(folder, control_file_name, [&](std::ostream& stream) { stream << control_file_text(settings); });
     const InFolder in(folder.path());
     OutputStream unheard;  // the findings say what the converter's warnings say, and where
     unheard.open(static_cast<OutputStream::Sink>(nullptr), nullptr);
     warnings = &unheard;
-    write_whole(control_file_name, [&](std::ostream& stream) { stream << control_file_text(settings); });
     reset_run();
     observer = &account;
     const bool whole = convert_here(settings);
@@ -221,8 +237,8 @@ report::Ledger ledger_of(const Arguments& arguments, const OwnFolder& folder, co
 void write_report(const report::Ledger& ledger, const OwnFolder& folder)
 {
     const report::Surface surface = report::surface_of_conversion(folder.path(), ledger);
-    write_whole(folder.path() / page_name,
-                [&](std::ostream& stream) { report::write_page(stream, ledger, surface, folder.path()); });
+    write_file(folder, page_name,
+               [&](std::ostream& stream) { report::write_page(stream, ledger, surface, folder.path()); });
 }
 
 int convert_deck(const Arguments& arguments)
@@ -241,7 +257,7 @@ int convert_deck(const Arguments& arguments)
         ledger = ledger_of(arguments, folder, settings, account, prepared);
     }
     ledger.faults = report::faults(ledger, folder.path(), arguments.deck, false);
-    write_whole(folder.path() / ledger_name, [&](std::ostream& stream) { report::write_json(stream, ledger); });
+    write_file(folder, ledger_name, [&](std::ostream& stream) { report::write_json(stream, ledger); });
     write_report(ledger, folder);
     folder.put_in_place();
     tell(ledger, arguments.folder.empty() ? default_folder(deck) : fs::path(arguments.folder));
