@@ -131,17 +131,20 @@ class PageTest(unittest.TestCase):
         self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {
             "media": kind, "features": [{"name": "prefers-color-scheme", "value": scheme}]})
 
-    def screenshot(self, name, selector=None, whole=False):
+    def screenshot(self, name, selector=None, whole=False, scale=1):
         """Keeps a picture of the window, of one element, or of the whole page."""
         folder = Path(os.environ.get("MORVEX_SCREENSHOTS", "screenshots"))
         folder.mkdir(parents=True, exist_ok=True)
         path = folder / f"{name}.png"
+        clip = None
         if selector is not None:
-            self.find(selector).screenshot(str(path))
+            clip = self.js("""const box = document.querySelector(arguments[0]).getBoundingClientRect();
+                return {x: box.x + scrollX, y: box.y + scrollY, width: box.width, height: box.height, scale: arguments[1]}""", selector, scale)
         elif whole:
-            width, height = self.js("return [innerWidth, Math.min(document.documentElement.scrollHeight, 12000)]")
-            picture = self.driver.execute_cdp_cmd("Page.captureScreenshot", {
-                "captureBeyondViewport": True, "clip": {"x": 0, "y": 0, "width": width, "height": height, "scale": 1}})
+            clip = self.js("""return {x: 0, y: 0, width: innerWidth, scale: 1,
+                height: Math.min(document.documentElement.scrollHeight, 12000)}""")
+        if clip is not None:
+            picture = self.driver.execute_cdp_cmd("Page.captureScreenshot", {"captureBeyondViewport": True, "clip": clip})
             path.write_bytes(base64.b64decode(picture["data"]))
         else:
             self.driver.save_screenshot(str(path))

@@ -104,6 +104,9 @@ class Examples(PageTest):
                 self.size(width)
                 self.assertTrue(self.screenshot(f"{name}-{width}-{scheme}", whole=True).exists())
         self.media()
+        if name == "explosive-cylinder":
+            self.size(1000)
+            self.assertTrue(self.screenshot("report", "#model", scale=0.6).exists())  # docs/report.png
         self.size(1280)
 
 

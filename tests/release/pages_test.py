@@ -15,14 +15,16 @@ class Links(html.parser.HTMLParser):
 
     def __init__(self, file):
         super().__init__()
-        self.links, self.anchors, self.loaded, self.open = [], [], [], []
+        self.links, self.anchors, self.loaded, self.pictures, self.open = [], [], [], [], []
         self.feed(file.read_text(encoding="utf-8"))
 
     def handle_starttag(self, tag, attributes):
         found = dict(attributes)
         if "id" in found:
             self.anchors.append(found["id"])
-        if "src" in found or tag in ("script", "style"):
+        if tag == "img":
+            self.pictures.append(found["src"])
+        elif "src" in found or tag in ("script", "style"):
             self.loaded.append(tag)
         if "href" in found:
             self.links.append(found["href"])
@@ -54,6 +56,13 @@ class Tests(unittest.TestCase):
         self.assertIn(complaint, result.stderr)
         self.assertFalse(self.written.exists())
 
+    def test_pictures_go_along_and_a_missing_one_is_told(self):
+        self.page("README.md", "# A page\n\n![what it shows](docs/shown.png)\n")
+        self.refused("README.md: docs/shown.png, a picture that is not there")
+        self.page("docs/shown.png", "the picture")
+        self.assertEqual(self.convert().returncode, 0)
+        self.assertEqual((self.written / "docs/shown.png").read_text(encoding="utf-8"), "the picture")
+
     def test_every_link_of_the_pages_leads_somewhere_on_the_disk(self):
         self.assertEqual(self.convert(SOURCE).returncode, 0)
         pages = {file: Links(file) for file in self.written.rglob("*.html")}
@@ -62,6 +71,8 @@ class Tests(unittest.TestCase):
         followed = 0
         for file, found in pages.items():
             self.assertEqual(found.loaded, [], file)
+            for picture in found.pictures:
+                self.assertTrue((file.parent / picture).is_file(), f"{file}: {picture}")
             for link in found.links:
                 if "://" in link:
                     continue
