@@ -69,7 +69,7 @@ std::string name_in_folder(const fs::path& deck)
 {
     ControlFile control = initial_settings();
     control.sourcefile = deck.filename().string();
-    const std::string name = read_settings(control_file_text(control)).control.sourcefile;
+    std::string name = read_settings(control_file_text(control)).control.sourcefile;
     const std::string_view taken[] = {control_file_name, ledger_name, page_name};
     if (name.empty() || std::find(std::begin(taken), std::end(taken), name) != std::end(taken))
         throw deck::Fault(deck.string() + ": the folder needs the deck's name for something else");
@@ -82,7 +82,7 @@ bool is_ours(const fs::path& folder)
     std::ifstream file(folder / ledger_name, std::ios::binary);
     std::string head(256, '\0');
     file.read(head.data(), static_cast<std::streamsize>(head.size()));
-    return head.find("\"tool\": \"morvex-deck convert\"") != std::string::npos;
+    return head.find(R"("tool": "morvex-deck convert")") != std::string::npos;
 }
 
 bool lies_in(const fs::path& file, const fs::path& folder)

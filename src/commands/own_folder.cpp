@@ -51,8 +51,8 @@ bool exchange(const fs::path& a, const fs::path& b)
 }
 }  // namespace
 
-OwnFolder::OwnFolder(fs::path place, Replaceable replaceable)
-    : place_(fs::absolute(std::move(place)).lexically_normal()), replaceable_(std::move(replaceable))
+OwnFolder::OwnFolder(const fs::path& place, Replaceable replaceable)
+    : place_(fs::absolute(place).lexically_normal()), replaceable_(std::move(replaceable))
 {
     if (!place_.has_filename()) place_ = place_.parent_path();  // "folder/"
     const FolderLock lock(place_.parent_path());                // nobody takes what is just being made for a leftover

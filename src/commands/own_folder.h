@@ -21,7 +21,7 @@ public:
     using Replaceable = std::function<bool(const std::filesystem::path&)>;
 
     // Throws deck::Fault when the place is taken, or nothing can be created beside it.
-    OwnFolder(std::filesystem::path place, Replaceable replaceable);
+    OwnFolder(const std::filesystem::path& place, Replaceable replaceable);
     ~OwnFolder();
     OwnFolder(const OwnFolder&) = delete;
     OwnFolder& operator=(const OwnFolder&) = delete;

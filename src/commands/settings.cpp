@@ -22,6 +22,7 @@ std::pair<std::string, int> setting(const std::string& text)
 std::vector<std::pair<std::string, int>> settings_of(const std::vector<std::string>& texts)
 {
     std::vector<std::pair<std::string, int>> settings;
+    settings.reserve(texts.size());
     for (const std::string& text : texts) settings.push_back(setting(text));
     return settings;
 }
