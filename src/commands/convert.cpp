@@ -70,7 +70,7 @@ std::string name_in_folder(const fs::path& deck)
     ControlFile control = initial_settings();
     control.sourcefile = deck.filename().string();
     std::string name = read_settings(control_file_text(control)).control.sourcefile;
-    const std::string_view taken[] = {control_file_name, ledger_name, page_name};
+    const std::string_view taken[] = {control_file_name, ledger_name, page_name, OwnFolder::lock_name};
     if (name.empty() || std::find(std::begin(taken), std::end(taken), name) != std::end(taken))
         throw deck::Fault(deck.string() + ": the folder needs the deck's name for something else");
     return name;

@@ -20,7 +20,6 @@ namespace commands
 namespace
 {
 constexpr std::string_view own_mark = ".morvex-part-";  // behind the folder's name; then the process's number
-constexpr const char* lock_name = "unfinished";         // the file in it that its run holds a lock on
 
 [[noreturn]] void fail(const fs::path& path, const std::string& reason)
 {

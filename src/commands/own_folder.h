@@ -17,6 +17,9 @@ namespace commands
 class OwnFolder
 {
 public:
+    // The file in it, until it has its name, that shows that its run lives.
+    static constexpr const char* lock_name = "unfinished";
+
     // Decides whether a folder that is already in the place may be replaced.
     using Replaceable = std::function<bool(const std::filesystem::path&)>;
 

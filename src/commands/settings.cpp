@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <system_error>
 
 namespace commands
 {
@@ -12,8 +13,9 @@ std::pair<std::string, int> setting(const std::string& text)
     const std::size_t equals = text.find('=');
     int value = 0;
     const char* const end = text.data() + text.size();
-    if (equals == std::string::npos || equals == 0 ||
-        std::from_chars(text.data() + equals + 1, end, value).ptr != end || equals + 1 == text.size())
+    const std::size_t begin = equals == std::string::npos ? text.size() : equals + 1;
+    const auto [behind, error] = std::from_chars(text.data() + begin, end, value);
+    if (equals == 0 || error != std::errc{} || behind != end)
         throw CLI::ValidationError("--set", "\"" + text + "\" is no NAME=VALUE");
     return {text.substr(0, equals), value};
 }

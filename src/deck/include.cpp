@@ -103,8 +103,7 @@ std::string IncludeFolders::shown(const fs::path& path) const
 {
     const fs::path normal = path.lexically_normal();
     const fs::path relative = normal.lexically_relative(main_folder_.lexically_normal());
-    const bool inside = !relative.empty() && *relative.begin() != "..";
-    return (inside ? relative : normal).generic_string();
+    return (relative.empty() ? normal : relative).generic_string();
 }
 
 }  // namespace deck

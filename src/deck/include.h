@@ -67,7 +67,8 @@ public:
     // name as it stands.
     [[nodiscard]] Found find(std::string_view name, const std::filesystem::path& including_file) const;
 
-    // A path as findings show it: relative to the main deck's folder with "/", as it was named when it is outside.
+    // A path as findings show it: relative to the main deck's folder with "/", wherever the command runs; as it was
+    // named when nothing leads there from that folder.
     [[nodiscard]] std::string shown(const std::filesystem::path& path) const;
 
 private:

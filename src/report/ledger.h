@@ -80,12 +80,13 @@ struct Ledger {
     std::vector<std::string> faults;        // what its audit found: see faults() in make_ledger.h
 };
 
-// What does not agree, a sentence each: counts of both sides, and what the ledger's audit found.
+// What does not agree, a sentence each: counts of both sides, what the ledger's audit found, and what a conversion
+// cannot do without.
 std::vector<std::string> disagreements(const Ledger& ledger);
 
 enum class Verdict : std::uint8_t { whole, with_losses, not_usable };
 
-// Not usable: no main deck or no geometry, or something disagrees. With losses: an error, a warning, or a
+// Not usable: something disagrees. With losses: an error, a warning, or a
 // block that was skipped, passed over or not known, unless all that is said of it are notes.
 Verdict verdict(const Ledger& ledger);
 

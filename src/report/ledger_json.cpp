@@ -155,13 +155,15 @@ std::vector<std::string> disagreements(const Ledger& ledger)
 {
     std::vector<std::string> all = differences(ledger.in, ledger.out, asked_for(ledger.settings));
     all.insert(all.end(), ledger.faults.begin(), ledger.faults.end());
+    if (ledger.blocks.empty()) all.emplace_back("the deck has no keyword line");
+    if (!has_file(ledger, "main deck")) all.emplace_back("no main deck is written: cardflag is not 1");
+    if (!has_file(ledger, "geometry")) all.emplace_back("no mesh is written: geomflag is not 1");
     return all;
 }
 
 Verdict verdict(const Ledger& ledger)
 {
-    const bool whole_files = has_file(ledger, "main deck") && has_file(ledger, "geometry");
-    if (!whole_files || !disagreements(ledger).empty()) return Verdict::not_usable;
+    if (!disagreements(ledger).empty()) return Verdict::not_usable;
     const auto tells = [](const check::Finding& found) { return found.severity != deck::Severity::note; };
     const bool losses = std::any_of(ledger.findings.begin(), ledger.findings.end(), tells) ||
                         std::any_of(ledger.blocks.begin(), ledger.blocks.end(),

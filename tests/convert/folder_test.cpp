@@ -125,6 +125,7 @@ TEST_F(ConvertFolder, SettingThatThereIsNotEndsWithStatus2AndNoFolder)
     write_file("model.k", std::string(model));
     EXPECT_EQ(convert("model.k --set lcflags=1").status, 2);
     EXPECT_EQ(convert("model.k --set lcflag").status, 2);
+    EXPECT_EQ(convert("model.k --set lcflag=99999999999").status, 2);
     EXPECT_EQ(names_in("."), "model.k");
 }
 
@@ -194,7 +195,8 @@ TEST_F(ConvertFolder, FolderThatHoldsTheDeckIsNotReplaced)
 
 TEST_F(ConvertFolder, DeckWhoseNameIsNeededForSomethingElseIsRefused)
 {
-    for (const std::string name : {"ledger.json", "report.html", "input.morvex", "keywords.k", "debug.morvex"}) {
+    for (const std::string name :
+         {"ledger.json", "report.html", "input.morvex", "keywords.k", "debug.morvex", "unfinished"}) {
         write_file(name, std::string(model));
         const Outcome outcome = convert(name + " -d made");
         EXPECT_EQ(outcome.status, 2) << name;
@@ -220,6 +222,41 @@ TEST_F(ConvertFolder, MissingDeckOrIncludeFileEndsWithStatus2AndNoFolder)
     EXPECT_EQ(convert("none.k").status, 2);
     EXPECT_EQ(names_in("."), "model.k");
     EXPECT_LE(convert("--no-prepare model.k").status, 1);
+}
+
+TEST_F(ConvertFolder, FilesOutsideTheDecksFolderAreNamedFromThereWhereverTheCommandRuns)
+{
+    fs::create_directories("models/main");
+    fs::create_directories("elsewhere");
+    write_file("models/main/model.k", "*KEYWORD\n*INCLUDE\n../nodes.k\n*END\n");
+    write_file("models/nodes.k", "*NODE\n       1             0.5             0.0             0.0\n");
+    const std::string here = fs::current_path().string();
+    EXPECT_LE(convert("models/main/model.k -d made1").status, 1);
+    fs::current_path("models/main");
+    EXPECT_LE(convert("model.k -d ../../made2").status, 1);
+    fs::current_path("../../elsewhere");
+    EXPECT_LE(convert("'" + here + "/models/main/model.k' -d ../made3").status, 1);
+    fs::current_path("..");
+    const std::map<std::string, std::string> made = contents_of("made1");
+    EXPECT_TRUE(contains(made.at("ledger.json"), "\"../nodes.k\""));
+    EXPECT_FALSE(contains(made.at("ledger.json"), here));
+    EXPECT_FALSE(contains(made.at("report.html"), here));
+    EXPECT_EQ(contents_of("made2"), made);
+    EXPECT_EQ(contents_of("made3"), made);
+}
+
+TEST_F(ConvertFolder, ConversionWithoutAKeywordAMainDeckOrAMeshIsNotUsableAndSaysWhy)
+{
+    write_file("text.k", "This is no deck.\n");
+    write_file("model.k", std::string(model));
+    EXPECT_EQ(convert("text.k").status, 1);
+    EXPECT_TRUE(contains(contents("text-kestrune/ledger.json"), "\"the deck has no keyword line\""));
+    EXPECT_EQ(convert("model.k -d card --set cardflag=0").status, 1);
+    EXPECT_TRUE(contains(contents("card/ledger.json"), "\"no main deck is written: cardflag is not 1\""));
+    EXPECT_EQ(convert("model.k -d geom --set geomflag=0").status, 1);
+    EXPECT_TRUE(contains(contents("geom/ledger.json"), "\"no mesh is written: geomflag is not 1\""));
+    for (const std::string made : {"text-kestrune", "card", "geom"})
+        EXPECT_TRUE(contains(contents(made + "/ledger.json"), "\"verdict\": \"not usable\"")) << made;
 }
 
 TEST_F(ConvertFolder, WithoutPreparingTheDeckStandsThereAsItIs)
