@@ -118,10 +118,10 @@ void pass_over_keywords(benchmark::State& state)
     std::string deck;
     KeywordIndex index;
     for (int i = 0; i < cards; ++i) {
-        index.add(deck.size());
+        index.add(deck.size(), "*MAT_ELASTIC");
         deck += "*MAT_ELASTIC\n         2 7.850e-09  210000.0       0.3\n";
     }
-    index.add(deck.size());
+    index.add(deck.size(), "*END");
     deck += "*END\n";
     infile.open_text(deck, stream_window);
     infile.use_index(&index);

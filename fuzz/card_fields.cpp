@@ -103,7 +103,7 @@ public:
     Readings(std::string_view deck, std::size_t window, bool indexed) : deck_(deck), plain_(deck), window_(window)
     {
         infile.open_text(deck, window);
-        index_ = index_of(PlainText::keyword_lines(deck));
+        for (const std::uint64_t line : PlainText::keyword_lines(deck)) index_.add(line, deck.substr(line));
         if (indexed) infile.use_index(&index_);
     }
     ~Readings() { infile.close(); }
@@ -172,8 +172,7 @@ public:
             plain_.skip_line();
             break;
         case 15:
-            infile.to_keyword();
-            plain_.to_keyword();
+            to_keyword(argument);
             break;
         case 16:
             take_columns(argument % 80 + 1);
@@ -237,6 +236,22 @@ private:
         }
         expect(line.size() == length, "a whole line: its length");
         for (std::size_t i = 0; i < length; ++i) expect(line[i] == plain_.at(plain_.position + i), "a whole line");
+    }
+
+    // To a keyword line whose initial is among those that the bits choose, or the text's "*END".
+    void to_keyword(unsigned bits)
+    {
+        Initials wanted;
+        wanted.add('E');
+        for (unsigned i = 0; i < 8; ++i)
+            if ((bits >> i & 1) != 0) wanted.add("NMS*\n_az"[i]);
+        if (bits % 3 == 0) wanted = Initials::all();
+        const auto is_wanted = [&](std::uint64_t place) { return wanted.has(plain_.at(place + 1)); };
+        for (plain_.to_keyword(); !is_wanted(plain_.position); plain_.to_keyword()) plain_.skip_line();
+        for (infile.to_keyword(wanted); !is_wanted(infile.position()); infile.to_keyword(wanted)) {
+            expect(infile.position() < plain_.position, "to_keyword");
+            infile.skip_line();
+        }
     }
 
     void take_columns(std::size_t n)

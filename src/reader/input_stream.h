@@ -65,13 +65,13 @@ public:
     // Makes the character before the position the next one.
     void back()
     {
-        if (cursor_ == window_.get())
+        if (cursor_ == begin_)
             seek(position() - 1);
         else
             --cursor_;
     }
 
-    [[nodiscard]] Position position() const { return base_ + static_cast<Position>(cursor_ - window_.get()); }
+    [[nodiscard]] Position position() const { return base_ + static_cast<Position>(cursor_ - begin_); }
     void seek(Position position);
     void rewind() { seek(0); }
 
@@ -95,8 +95,9 @@ public:
     // Reads and discards up to and including the next newline.
     void skip_line();
 
-    // Moves to the next character that is a "*" at the present position or at the beginning of a later line.
-    void to_keyword();
+    // Moves to the next character that is a "*" at the present position or at the beginning of a later line. Lines
+    // without one of the initials may be passed by.
+    void to_keyword(Initials wanted = Initials::all());
 
     // Why reading failed, in words; empty when it did not. After a failure the text reads as if the file ended there.
     // It is kept until the stream is opened again.
@@ -106,12 +107,14 @@ private:
     static constexpr int became_shorter = -1;
 
     void start(std::size_t window);
+    void begin_at(Position position);
     void fill(std::size_t wanted);
     std::size_t read(char* destination, Position position, std::size_t wanted);
     [[nodiscard]] char beyond(Position position) const;
 
     std::unique_ptr<char[]> window_;
     std::size_t capacity_ = 0;
+    char* begin_ = nullptr;   // the window's first character
     char* cursor_ = nullptr;  // the next character
     char* filled_ = nullptr;  // behind the last character in the window
     Position base_ = 0;       // position of the window's first character

@@ -42,7 +42,7 @@ const Filter* filter_for(std::string_view piece)
 void copy(std::string_view piece, Position begin, bool& line_begins)
 {
     if (observer != nullptr) observer->copies(begin, keyword_of.position());
-    if (line_begins && piece.front() == '*') copy_index.add(keyword_of.position());
+    if (line_begins && piece.front() == '*') copy_index.add(keyword_of.position(), piece);
     text(keyword_of, piece);
     line_begins = piece.back() == '\n';
 }
@@ -80,7 +80,7 @@ void keyword_writer()
         char piece[piece_length];
         std::size_t length = infile_geom.ahead(piece_length).copy(piece, piece_length);
         infile_geom.advance(length);
-        if (deck_line_begins && piece[0] == '*') deck_index.add(begin);
+        if (deck_line_begins && piece[0] == '*') deck_index.add(begin, {piece, length});
         deck_line_begins = length < piece_length && !infile_geom.at_end();
         if (deck_line_begins) piece[length++] = infile_geom.next();
 

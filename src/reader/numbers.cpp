@@ -43,8 +43,9 @@ inline const char* read_digits(const char* at, const char* end, std::uint64_t& n
     return at;
 }
 
-// The value by the C library, for every form that the quick way leaves.
-double value_by_strtod(std::string_view field)
+// The value by the C library, for every form that the quick way leaves. Out of line, like the next: the quick way would
+// pay for the registers that they need.
+[[gnu::noinline]] double value_by_strtod(std::string_view field)
 {
     char terminated[48];
     const std::size_t length = field.copy(terminated, sizeof terminated - 1);
@@ -52,6 +53,14 @@ double value_by_strtod(std::string_view field)
     char* end = nullptr;
     const double value = std::strtod(terminated, &end);
     return end == terminated ? 0.0 : value;  // some libraries make -0 of "-" without a number
+}
+
+// The value of a decimal number, correctly rounded, with its field.
+[[gnu::noinline]] double value_by_from_chars(std::string_view number, std::string_view field)
+{
+    double value = 0.0;
+    const auto end = std::from_chars(number.data(), number.data() + number.size(), value);
+    return end.ec == std::errc{} ? value : value_by_strtod(field);
 }
 
 float negative_nan()
@@ -106,14 +115,13 @@ double field_value(std::string_view field)
         }
     }
     if (digits <= largest_exact_integer && power >= -largest_exact_power && power <= largest_exact_power) {
-        // Both operands are exact, so the one rounding is the right one.
+        // Both operands are exact, so the one rounding is the right one. Whole numbers are divided by 1, so that one
+        // branch serves nearly all.
         const auto integer = static_cast<double>(digits);
-        const double value = power < 0 ? integer / exact_powers[-power] : integer * exact_powers[power];
+        const double value = power <= 0 ? integer / exact_powers[-power] : integer * exact_powers[power];
         return value * signs[negative ? 1 : 0];
     }
-    double value = 0.0;
-    if (std::from_chars(number, at, value).ec != std::errc{}) return value_by_strtod(field);
-    return value;
+    return value_by_from_chars({number, at}, field);
 }
 
 int to_int(double value)

@@ -50,7 +50,7 @@ void OutputStream::start()
     failure_ = 0;
     used_ = 0;
     written_ = 0;
-    flush();
+    make_room();
     open_ = true;
 }
 
@@ -87,13 +87,26 @@ std::string OutputStream::failure() const
     return failure_ == 0 ? std::string{} : std::strerror(failure_);
 }
 
-void OutputStream::flush()
+// Makes room for a row at least.
+void OutputStream::make_room()
 {
     if (buffer_ == nullptr) buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
+    if (used_ >= piece) write_out(piece);
+}
+
+void OutputStream::flush()
+{
+    write_out(used_);
+}
+
+// Delivers the buffer's first n characters.
+void OutputStream::write_out(std::size_t n)
+{
     errno = 0;
-    if (open_ && failure_ == 0 && used_ > 0 && !deliver(written_, {buffer_.get(), used_})) fail();
-    written_ += used_;
-    used_ = 0;
+    if (open_ && failure_ == 0 && n > 0 && !deliver(written_, {buffer_.get(), n})) fail();
+    written_ += n;
+    used_ -= n;
+    std::memmove(buffer_.get(), buffer_.get() + n, used_);
 }
 
 // Writes characters behind all others, or at an earlier place where the file already stands.
@@ -109,7 +122,7 @@ void OutputStream::append(std::string_view characters)
 {
     if (!open_) return;
     while (!characters.empty()) {
-        if (used_ == capacity) flush();
+        if (used_ == capacity) make_room();
         const std::size_t n = std::min(capacity - used_, characters.size());
         std::memcpy(buffer_.get() + used_, characters.data(), n);
         used_ += n;

@@ -6,6 +6,17 @@
 
 namespace
 {
+// The initials of the lines that a row can match; all for an observer, who is told of every line.
+Initials initials_of(const Pass& pass)
+{
+    Initials initials;
+    for (const PassRow& row : pass.rows) {
+        if (row.prefix.size() < 2 || observer != nullptr) return Initials::all();
+        initials.add(row.prefix[1]);
+    }
+    return initials;
+}
+
 // The row that the keyword line in cbuffer matches; null when there is none.
 const PassRow* matching_row(const Pass& pass)
 {
@@ -19,8 +30,10 @@ const PassRow* matching_row(const Pass& pass)
 void run_pass(const Pass& pass)
 {
     if (observer != nullptr) observer->pass_begins(pass);
+    const Initials wanted = initials_of(pass);
     infile.rewind();
     for (;;) {
+        infile.to_keyword(wanted);
         keyword();
         const PassRow* const row = matching_row(pass);
         if (observer != nullptr) observer->row_begins(row);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "support/keyword_lines.h"
 #include "support/random.h"
@@ -88,16 +90,76 @@ TEST(KeywordIndex, ForgetsItsLines)
     KeywordIndex index = index_of(Positions{5, 9});
     index.clear();
     EXPECT_EQ(positions(index), Positions{});
-    index.add(2);
+    index.add(2, "*END");
     EXPECT_EQ(positions(index), Positions{2});
 }
 
-TEST(KeywordIndex, TakesLessThanFourBytesForALine)
+TEST(KeywordIndex, InitialsAreLettersOfEitherCaseAndAllOthersAsOne)
 {
-    for (const Position distance : {2U, 60U, 300U, 5000U, 2000000U}) {
+    Initials initials;
+    EXPECT_FALSE(initials.has('A'));
+    initials.add('m');
+    initials.add('Z');
+    for (int c = 0; c < 256; ++c)
+        EXPECT_EQ(initials.has(static_cast<char>(c)), c == 'm' || c == 'M' || c == 'z' || c == 'Z') << c;
+    initials.add('_');
+    for (int c = 0; c < 256; ++c) {
+        const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        EXPECT_EQ(initials.has(static_cast<char>(c)), !letter || c == 'm' || c == 'M' || c == 'z' || c == 'Z') << c;
+        EXPECT_TRUE(Initials::all().has(static_cast<char>(c))) << c;
+    }
+}
+
+TEST(KeywordIndex, FindsTheNextLineWithOneOfTheInitials)
+{
+    const std::string_view text = "*NODE\n*\n*set\n*_X\n*Mat\n*";
+    const KeywordIndex index = index_of(text);
+    const auto first_with = [&](std::string_view letters, Position from) {
+        Initials wanted;
+        for (const char c : letters) wanted.add(c);
+        KeywordIndex::Place place;
+        return index.find(from, place, wanted);
+    };
+    EXPECT_EQ(first_with("N", 0), 0U);
+    EXPECT_EQ(first_with("N", 1), std::nullopt);
+    EXPECT_EQ(first_with("SM", 0), 8U);
+    EXPECT_EQ(first_with("SM", 9), 17U);
+    EXPECT_EQ(first_with("-", 0), 6U);  // a line of "*" alone counts as one without a letter
+    EXPECT_EQ(first_with("-", 7), 13U);
+    EXPECT_EQ(first_with("-", 14), 22U);
+    EXPECT_EQ(first_with("Q", 0), std::nullopt);
+}
+
+TEST(KeywordIndex, FindsInitialsFromAnyPlaceInManyLines)
+{
+    Random random(43);
+    for (const unsigned bits : {2U, 9U, 30U}) {
+        const Positions lines = random_lines(random, 5000, bits);
+        std::string initials;
+        KeywordIndex index;
+        for (const Position line : lines) {
+            initials += random.text(1, "NES_");
+            index.add(line, "*" + initials.substr(initials.size() - 1));
+        }
+        KeywordIndex::Place place;
+        for (int i = 0; i < 3000; ++i) {
+            const std::string wanted_letters = random.text(1, "NES_Q");
+            Initials wanted;
+            wanted.add(wanted_letters[0]);
+            std::size_t line = random.below(lines.size());
+            const auto found = index.find(lines[line], place, wanted);
+            line = initials.find(wanted_letters, line);
+            ASSERT_EQ(found, line == std::string::npos ? std::nullopt : std::optional(lines[line]));
+        }
+    }
+}
+
+TEST(KeywordIndex, TakesLessThanFourBytesForALineAndFiveBehindAGap)
+{
+    for (const Position distance : {2U, 60U, 300U, 5000U, 65535U, 2000000U}) {
         KeywordIndex index;
         constexpr std::size_t lines = 1000000;
-        for (std::size_t i = 0; i < lines; ++i) index.add(i * distance);
-        EXPECT_LT(index.bytes(), 4 * lines) << distance;
+        for (std::size_t i = 0; i < lines; ++i) index.add(i * distance, "*NODE");
+        EXPECT_LT(index.bytes(), (distance < 65536 ? 4 : 5) * lines) << distance;
     }
 }

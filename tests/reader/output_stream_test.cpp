@@ -3,16 +3,20 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "support/convert.h"
 #include "support/random.h"
 
 namespace
 {
-constexpr std::size_t buffer = 128 * 1024;  // what the stream holds back
+constexpr std::size_t piece = 128 * 1024;                          // what it writes at once
+constexpr std::size_t buffer = piece + OutputStream::largest_row;  // what it holds back at most
 
 class OutputStreamTest : public testing::Test
 {
@@ -56,16 +60,14 @@ TEST_F(OutputStreamTest, PrintLongerThanTheBufferIsWhole)
 
 TEST_F(OutputStreamTest, PrintAtEveryDistanceFromTheBuffersEndIsWhole)
 {
-    std::string expected;
     for (std::size_t left = 0; left <= 12; ++left) {
-        const std::size_t filled = expected.size() % buffer;
-        const std::string filler((2 * buffer - left - filled) % buffer, '.');
+        ASSERT_TRUE(stream_.open("out"));
+        const std::string filler(buffer - left, '.');
         text(stream_, filler);
         print(stream_, "%s", "0123456789");
-        expected += filler + "0123456789";
-        EXPECT_EQ(stream_.position(), expected.size());
+        EXPECT_EQ(stream_.position(), filler.size() + 10);
+        EXPECT_TRUE(written() == filler + "0123456789") << left;
     }
-    EXPECT_EQ(written(), expected);
 }
 
 TEST_F(OutputStreamTest, AppendGoesAcrossBordersOfTheBuffer)
@@ -80,6 +82,28 @@ TEST_F(OutputStreamTest, AppendGoesAcrossBordersOfTheBuffer)
         EXPECT_EQ(stream_.position(), expected.size());
     }
     EXPECT_TRUE(written() == expected);
+}
+
+TEST_F(OutputStreamTest, WritesPiecesOfWholePages)
+{
+    std::vector<std::pair<std::uint64_t, std::size_t>> pieces;  // position and length
+    stream_.open(
+        [](void* context, std::uint64_t position, std::string_view characters) {
+            static_cast<decltype(pieces)*>(context)->emplace_back(position, characters.size());
+        },
+        &pieces);
+    for (int i = 0; i < 3000; ++i) {
+        stream_.commit(stream_.room(OutputStream::largest_row) + 73);
+        print(stream_, "%60s\n", "a row");
+        text(stream_, "a line\n");
+    }
+    stream_.close();
+    constexpr std::size_t length = 3000 * (73 + 61 + 7);
+    ASSERT_EQ(pieces.size(), length / piece + 1);
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        EXPECT_EQ(pieces[i].first, i * piece);
+        EXPECT_EQ(pieces[i].second, i + 1 < pieces.size() ? piece : length % piece);
+    }
 }
 
 TEST_F(OutputStreamTest, RowsComposedInTheBufferMixWithPrintAndText)

@@ -10,6 +10,7 @@
 #include "reader/keyword.h"
 #include "reader/run.h"
 #include "support/fresh_run.h"
+#include "support/keyword_lines.h"
 
 namespace
 {
@@ -27,6 +28,13 @@ void note_b()
 void read_cards()
 {
     for (Card card; card.next();) trace += std::to_string(card.integer()) + ",";
+}
+void read_one_field()
+{
+    Card card;
+    int field = 0;
+    card.first(field);
+    trace += std::to_string(field) + ",";
 }
 constexpr Condition when_switched{"when switched", [] { return switched == 1; }};
 void switch_on()
@@ -169,6 +177,62 @@ TEST_F(Passes, NestedPassRestoresThePositionForTheOuterOne)
                                         {"*END", end_of_pass}};
     pass_over(outer, "*A\n*B\n*C\n*A\n*B\n*END\n");
     EXPECT_EQ(trace, "a(*C)b(*B)a(*C)b(*B)");
+}
+
+// ---- with an index of the keyword lines
+// ------------------------------------------------------------------------------
+
+TEST_F(Passes, IndexHidesNoLineThatARowMatches)
+{
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*_", handler<note_b>}, {"*END", end_of_pass}};
+    const std::string_view deck = "*SET\n*node\n1\n*MAT\n2*\n*_x\n*\n3\n*Node_B\n*SET\n*NOD\n";
+    const KeywordIndex index = index_of(deck);
+    for (const bool indexed : {false, true}) {
+        trace.clear();
+        infile.open_text(deck, 0);
+        if (indexed) infile.use_index(&index);
+        run_pass(Pass{"test", rows});
+        EXPECT_EQ(trace, "a(*NODE)b(*_X)a(*NODE_B)") << indexed;
+    }
+}
+
+TEST_F(Passes, IndexHidesNothingFromARowForAllKeywords)
+{
+    static constexpr PassRow rows[] = {{"*END", end_of_pass}, {"", handler<note_a>}};
+    const std::string_view deck = "*SET\n1\n*node\n2\n*\n3\n*_\n";
+    const KeywordIndex index = index_of(deck);
+    infile.open_text(deck, 0);
+    infile.use_index(&index);
+    run_pass(Pass{"test", rows});
+    EXPECT_EQ(trace, "a(*SET)a(*NODE)a(*)a(*_)");
+}
+
+TEST_F(Passes, StarWhereAHandlerStopsInMidLineIsAKeywordLineWithAnIndexToo)
+{
+    static constexpr PassRow rows[] = {
+        {"*NODE", handler<read_one_field>}, {"*X", handler<note_a>}, {"*END", end_of_pass}};
+    const std::string_view deck = "*NODE\n         1*x\n*NODE\n         2*s\n*x\n";
+    const KeywordIndex index = index_of(deck);
+    infile.open_text(deck, 0);
+    infile.use_index(&index);
+    run_pass(Pass{"test", rows});
+    EXPECT_EQ(trace, "1,a(*X)2,a(*X)");
+}
+
+TEST_F(Passes, BlocksOfOtherInitialsAreNotRead)
+{
+    static constexpr PassRow rows[] = {{"*NODE", handler<note_a>}, {"*END", end_of_pass}};
+    std::string deck;
+    for (int i = 0; i < 500; ++i) deck += "*SET_PART\n         1\n*MAT_ELASTIC\n" + std::string(2000, '1') + "\n";
+    deck += "*NODE\n";
+    const KeywordIndex index = index_of(deck);
+    std::size_t read = 0;
+    infile.open_text(deck, 4096);
+    infile.use_index(&index);
+    infile.watch([](void* sum, std::size_t bytes) { *static_cast<std::size_t*>(sum) += bytes; }, &read);
+    run_pass(Pass{"test", rows});
+    EXPECT_EQ(trace, "a(*NODE)");
+    EXPECT_LT(read, 10000U);
 }
 
 TEST_F(Passes, FirstMatchLooksPastConditions)

@@ -1,6 +1,7 @@
 // Indexes of keyword lines, made from the text and taken apart.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -18,16 +19,19 @@ inline Positions keyword_lines(std::string_view text)
     return lines;
 }
 
+// Of lines that begin with no letter behind their "*".
 inline KeywordIndex index_of(const Positions& lines)
 {
     KeywordIndex index;
-    for (const Position line : lines) index.add(line);
+    for (const Position line : lines) index.add(line, "*");
     return index;
 }
 
 inline KeywordIndex index_of(std::string_view text)
 {
-    return index_of(keyword_lines(text));
+    KeywordIndex index;
+    for (const Position line : keyword_lines(text)) index.add(line, text.substr(static_cast<std::size_t>(line)));
+    return index;
 }
 
 inline Positions positions(const KeywordIndex& index)
