@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
 
 #include "deck/field_number.h"
 #include "deck/keyword_line.h"
@@ -112,6 +111,16 @@ void find_misread_integer(const FieldText& field, double value, double strict, s
     to.back().mended = false;
 }
 
+// True for a number other than 0 of which single precision, or even double, leaves nothing; not for a coordinate, which
+// may as well be 0.
+bool vanishes(const FieldNumber& number, const FieldText& field)
+{
+    const std::string_view name = field.field->name;
+    if (static_cast<float>(number.value) != 0.0F || name == "x" || name == "y" || name == "z") return false;
+    const std::string_view mantissa = field.text.substr(0, field.text.find_first_of("eEdD"));
+    return number.value != 0 || mantissa.find_first_of("123456789") != std::string_view::npos;
+}
+
 void find_misread_number(const ReadCard& card, const FieldText& field, std::vector<Misread>& to, bool& lost)
 {
     const FieldNumber number = deck::standard_number(field.text);
@@ -132,9 +141,12 @@ void find_misread_number(const ReadCard& card, const FieldText& field, std::vect
     } else if (is_integer(field.field->kind)) {
         find_misread_integer(field, number.value, strict, to);
         lost = to.size() > before;
-    } else if (std::abs(number.value) > std::numeric_limits<float>::max()) {
+    } else if (std::isinf(static_cast<float>(number.value))) {
         to.push_back(at_field("MD114", field, number.value > 0 ? "inf" : "-inf",
                               "is beyond single precision, in which it is read"));
+        to.back().mended = false;
+    } else if (vanishes(number, field)) {
+        to.push_back(at_field("MD114", field, "0", "is read as 0: it is too small for single precision"));
         to.back().mended = false;
     } else if (number.value != strict) {
         to.push_back(at_field("MD106", field, shown(strict), "is read as " + shown(strict) + ": it is no number"));
