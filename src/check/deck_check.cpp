@@ -138,7 +138,9 @@ private:
     void split(const deck::Line& line, const deck::CardPlace& place);
     void set_values();
     void tell(std::string_view code, std::size_t line, std::size_t column, std::size_t end, std::string message);
-    void note_in_main(std::size_t line, std::size_t column, const std::string& keyword, const std::string& message);
+    void note_in_main(std::size_t line, std::size_t column, const std::string& keyword, const std::string& message,
+                      deck::Severity severity = deck::Severity::note);
+    void carriage_return(const deck::Line& line, std::size_t column);
 
     State* state_;
     deck::DeckReader reader_;
@@ -157,6 +159,7 @@ private:
 
     // The main deck as characters.
     Position offset_ = 0;
+    Position size_ = 0;
     std::size_t next_lines_ = 0;  // of the reading
     std::vector<Active> active_;
     std::vector<PatternNumber> own_patterns_;
@@ -178,6 +181,7 @@ private:
     bool transform_told_ = false;
     bool joined_ = false;  // the next keyword line is joined to this block's
     bool carriage_return_told_ = false;
+    bool one_line_ = false;  // lines end in carriage returns alone
     bool end_met_ = false;
     bool after_end_told_ = false;
     bool last_newline_ = true;
@@ -190,6 +194,8 @@ Going::Going(const std::filesystem::path& deck, State& state, bool second)
       meaning_(state.references, second ? &state.findings : nullptr, state.definitions),
       second_(second)
 {
+    std::error_code none;  // the reader has opened it
+    size_ = std::filesystem::file_size(deck, none);
 }
 
 // ---- findings ------------------------------------------------------------------------------------------------------
@@ -199,10 +205,12 @@ void Going::tell(std::string_view code, std::size_t line, std::size_t column, st
     if (!second_) state_->findings.add(finding_at(at_, code, line, column, end, std::move(message)));
 }
 
-void Going::note_in_main(std::size_t line, std::size_t column, const std::string& keyword, const std::string& message)
+void Going::note_in_main(std::size_t line, std::size_t column, const std::string& keyword, const std::string& message,
+                         deck::Severity severity)
 {
     if (second_) return;
     Finding found = finding("MD113", {reader_.file(0).name, line, column, column + 1}, message);
+    found.severity = severity;
     found.keyword = keyword;
     found.block = blocks_;
     state_->findings.add(std::move(found));
@@ -261,10 +269,17 @@ void Going::physical_line(const deck::Line& line)
     last_line_ = {"", line.number, column, column + 1};
     last_newline_ = line.newline;
     last_keyword_ = at_.keyword;
-    if (line.carriage_return && !carriage_return_told_) {
-        carriage_return_told_ = true;
-        note_in_main(line.number, column, at_.keyword, "lines end in carriage returns");
-    }
+    if (line.carriage_return && !carriage_return_told_) carriage_return(line, column);
+}
+
+void Going::carriage_return(const deck::Line& line, std::size_t column)
+{
+    carriage_return_told_ = true;
+    one_line_ = !line.newline && offset_ < size_;
+    note_in_main(line.number, column, at_.keyword,
+                 one_line_ ? "lines end in carriage returns alone: the whole deck is read as one line"
+                           : "lines end in carriage returns",
+                 one_line_ ? deck::Severity::error : deck::Severity::note);
 }
 
 // ---- blocks --------------------------------------------------------------------------------------------------------
@@ -563,8 +578,8 @@ void Going::end_deck()
 
 void Going::run()
 {
-    while (reader_.next_block()) block();
-    end_deck();
+    while (!one_line_ && reader_.next_block()) block();
+    if (!one_line_) end_deck();
     settle_includes();
 }
 }  // namespace

@@ -74,9 +74,17 @@ bool LineFile::fill()
     errno = 0;
     const std::size_t count = std::fread(o.buffer.data() + o.end, 1, o.buffer.size() - o.end, o.file.get());
     if (count == 0 && std::ferror(o.file.get()) != 0) fail(path_, std::generic_category().message(errno));
+    if (offset_ == 0 && o.end == 0) find_line_end({o.buffer.data(), count});
     o.end += count;
     o.at_end = count == 0;
     return count > 0;
+}
+
+// By what the file begins with.
+void LineFile::find_line_end(std::string_view beginning)
+{
+    const bool newlines = beginning.find('\n') != std::string_view::npos;
+    line_end_ = newlines || beginning.find('\r') == std::string_view::npos ? '\n' : '\r';
 }
 
 bool LineFile::next(Line& line)
@@ -89,7 +97,7 @@ bool LineFile::next(Line& line)
         const char* const unread = o.buffer.data() + o.begin;
         const std::size_t length = o.end - o.begin;
         if (length > searched)
-            newline = static_cast<const char*>(std::memchr(unread + searched, '\n', length - searched));
+            newline = static_cast<const char*>(std::memchr(unread + searched, line_end_, length - searched));
         searched = length;
         if (newline == nullptr && length > longest_line)
             fail(path_, "line " + std::to_string(lines_ + 1) + " is longer than " + std::to_string(longest_line) +
@@ -104,9 +112,9 @@ bool LineFile::next(Line& line)
     o.begin += taken;
     offset_ += taken;
     line.number = ++lines_;
-    line.newline = newline != nullptr;
-    line.carriage_return = length > 0 && text[length - 1] == '\r';
-    line.text = std::string_view(text, length - (line.carriage_return ? 1 : 0));
+    line.newline = newline != nullptr && line_end_ == '\n';
+    line.carriage_return = line_end_ == '\r' ? newline != nullptr : length > 0 && text[length - 1] == '\r';
+    line.text = std::string_view(text, length - (line.carriage_return && line_end_ == '\n' ? 1 : 0));
     return true;
 }
 

@@ -19,8 +19,8 @@ struct Line {
     std::string_view text;         // without CR and newline
     FileNumber file = 0;           //
     std::size_t number = 0;        // from 1
-    bool carriage_return = false;  // one CR stood before the newline, or at the file's end
-    bool newline = true;           // false only in a last line without one
+    bool carriage_return = false;  // one CR stood before the newline, at the file's end, or in the newline's place
+    bool newline = true;           // false in a last line without one, and in a file whose lines end in CR alone
 };
 
 // True for a line that is a comment: it begins with "$".
@@ -63,10 +63,12 @@ private:
     struct Open;
     void open();
     bool fill();
+    void find_line_end(std::string_view beginning);
 
     std::filesystem::path path_;
     std::uint64_t offset_ = 0;  // of the next line
     std::size_t lines_ = 0;     // that have been read
+    char line_end_ = '\n';
     std::unique_ptr<Open> open_;
 };
 

@@ -38,6 +38,42 @@ TEST(LineFile, TellsHowEachLineEnds)
     EXPECT_EQ(file.lines_read(), 4u);
 }
 
+TEST(LineFile, CarriageReturnsEndTheLinesOfAFileWithoutNewlines)
+{
+    const TemporaryFolder folder;
+    write_file("f", "a\r\r b\rlast");
+    LineFile file("f");
+    Line line;
+    for (const std::string text : {"a", "", " b"}) {
+        ASSERT_TRUE(file.next(line));
+        EXPECT_EQ(line.text, text);
+        EXPECT_TRUE(line.carriage_return);
+        EXPECT_FALSE(line.newline);
+        file.suspend();
+    }
+    ASSERT_TRUE(file.next(line));
+    EXPECT_EQ(line.text, "last");
+    EXPECT_EQ(line.number, 4u);
+    EXPECT_FALSE(line.carriage_return);
+    EXPECT_FALSE(line.newline);
+    EXPECT_FALSE(file.next(line));
+}
+
+TEST(LineFile, CarriageReturnBeforeANewlineEndsNoLine)
+{
+    const TemporaryFolder folder;
+    write_file("f", "a\rb\nc\r");
+    LineFile file("f");
+    Line line;
+    ASSERT_TRUE(file.next(line));
+    EXPECT_EQ(line.text, "a\rb");
+    ASSERT_TRUE(file.next(line));
+    EXPECT_EQ(line.text, "c");
+    EXPECT_TRUE(line.carriage_return);
+    EXPECT_FALSE(line.newline);
+    EXPECT_FALSE(file.next(line));
+}
+
 TEST(LineFile, EmptyFileHasNoLine)
 {
     const TemporaryFolder folder;

@@ -45,6 +45,12 @@ TEST(Cards, KeepWhatStandsBehindTheLastField)
               "*NODE\n       1             0.5             0.0             2.5       0       0  a corner\n");
 }
 
+TEST(Cards, AreThoseOfADeckWhoseLinesEndInCarriageReturnsAlone)
+{
+    EXPECT_EQ(prepared_text("*KEYWORD\r*NODE\r1       0.5                         7.0             2.5\r*END\r"),
+              "*KEYWORD\n*NODE\n       1             0.5             7.0             2.5\n*END\n");
+}
+
 TEST(Cards, WriteCommasAsColumns)
 {
     EXPECT_EQ(block("*NODE\n1,0.5,,-2.5\n*MAT_ELASTIC\n1,7850.,2.1e+11,0.3\n"),
