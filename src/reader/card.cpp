@@ -85,30 +85,11 @@ void skip_title()
     readtitle();
 }
 
-bool Card::next()
-{
-    if (begun_) infile.skip_line();
-    if ((count_ == one_card && taken_) || skip_comments() == '*') return false;
-    begun_ = true;
-    taken_ = true;
-    open_ = 1;
-    return true;
-}
-
 void Card::begin()
 {
     skip_comments();
     begun_ = true;
     open_ = 1;
-}
-
-std::string_view Card::columns(std::size_t n)
-{
-    const std::string_view line = infile.ahead(n + 1);
-    watched_columns = infile.position();
-    begun_ = line.size() > n;
-    infile.advance(begun_ ? n : line.size() + 1);  // a newline so near is consumed with the columns
-    return line.substr(0, n);
 }
 
 void Card::end_line()

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "reader/keyword.h"
+#include "reader/observer.h"
 #include "reader/run.h"
 
 // The field readers work on infile. `open` is the card's line-still-open flag: 1 before its first field; a reader that
@@ -49,6 +51,8 @@ enum CardCount { all_cards, one_card };
 //     Card card;
 //     card.first(id, x, y);    ...    card.another(z);    ...
 //
+// What every card of a mesh goes through is defined here, so that it becomes part of the handler's loop.
+//
 // The fields of a list are read in its order, ten columns each, as its variables' types say: a number as int or float,
 // an identifier as Word. Single fields, and those of other widths, are read one a statement or in a braced list, since
 // function arguments have no order.
@@ -59,7 +63,15 @@ public:
 
     // Ends the line of the card before, if there was one, skips comment lines, and begins the next card; false at a
     // keyword line, which stays unread, and behind the first card where one card is all.
-    bool next();
+    bool next()
+    {
+        if (begun_) infile.skip_line();
+        if ((count_ == one_card && taken_) || skip_comments() == '*') return false;
+        begun_ = true;
+        taken_ = true;
+        open_ = 1;
+        return true;
+    }
 
     // Skips comment lines, begins a card, whatever its first character, and reads its fields.
     template <class... Fields>
@@ -91,7 +103,14 @@ public:
 
     // The card's columns up to the n-th, fewer when its line ends before; they are consumed. n is at most 80. The view
     // lasts until infile is read again.
-    std::string_view columns(std::size_t n);
+    std::string_view columns(std::size_t n)
+    {
+        const std::string_view line = infile.ahead(n + 1);
+        watched_columns = infile.position();
+        begun_ = line.size() > n;
+        infile.advance(begun_ ? n : line.size() + 1);  // a newline so near is consumed with the columns
+        return line.substr(0, n);
+    }
 
     double number(int width = 10) { return fblanks(width, &open_); }
     float real(int width = 10);

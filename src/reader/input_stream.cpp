@@ -142,15 +142,6 @@ char InputStream::beyond(Position position) const
     return end_line[static_cast<std::size_t>((position - end_lines) % end_line.size())];
 }
 
-std::string_view InputStream::ahead(std::size_t n)
-{
-    const auto unread = static_cast<std::size_t>(filled_ - cursor_);
-    if (unread < n && (unread == 0 || std::memchr(cursor_, '\n', unread) == nullptr)) fill(n);
-    n = std::min(n, static_cast<std::size_t>(filled_ - cursor_));
-    const auto* newline = static_cast<const char*>(std::memchr(cursor_, '\n', n));
-    return {cursor_, newline != nullptr ? static_cast<std::size_t>(newline - cursor_) : n};
-}
-
 bool InputStream::whole_line(std::string_view& line, std::size_t longest)
 {
     std::size_t searched = 0;

@@ -2,7 +2,9 @@
 // once.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -83,7 +85,14 @@ public:
 
     // The next n columns of the line, fewer when its newline comes first; never the newline. Nothing is consumed. The
     // view lasts until the stream is used again. n must be smaller than the window.
-    std::string_view ahead(std::size_t n);
+    std::string_view ahead(std::size_t n)
+    {
+        const auto unread = static_cast<std::size_t>(filled_ - cursor_);
+        if (unread < n && (unread == 0 || std::memchr(cursor_, '\n', unread) == nullptr)) fill(n);
+        n = std::min(n, static_cast<std::size_t>(filled_ - cursor_));
+        const auto* newline = static_cast<const char*>(std::memchr(cursor_, '\n', n));
+        return {cursor_, newline != nullptr ? static_cast<std::size_t>(newline - cursor_) : n};
+    }
 
     // The whole rest of the line without its newline; false when the line is longer than `longest` or does not fit into
     // the window. Nothing is consumed. The view lasts until the stream is used again.

@@ -69,7 +69,7 @@ if [ -x "$build/morvex-deck" ]; then
     second=$(echo "$work"/package/morvex-deck_*.deb)
     [ "$(dpkg-deb -f "$second" Package)" = morvex-deck ] || fail "the second package has another name"
     if [ "$shlibdeps" = yes ]; then
-        [[ $(dpkg-deb -f "$second" Depends) == *libmuparser* ]] || fail "morvex-deck does not depend on muParser"
+        [[ $(dpkg-deb -f "$second" Depends) == *libmuparser*libnettle* ]] || fail "morvex-deck lacks a library"
         [[ $(dpkg-deb -f "$deb" Depends) != *libmuparser* ]] || fail "morvex depends on muParser"
     fi
     other=$work/other

@@ -33,16 +33,6 @@ TEST(Sha256, OfAMillionLetters)
     EXPECT_EQ(sha256_of(std::string(1000000, 'a')), "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
 }
 
-TEST(Sha256, DoesNotDependOnThePieces)
-{
-    const std::string text(1000, 'x');
-    for (const std::size_t size : {1U, 7U, 63U, 64U, 65U, 200U}) {
-        report::Sha256 sum;
-        for (std::size_t i = 0; i < text.size(); i += size) sum.add(std::string_view(text).substr(i, size));
-        EXPECT_EQ(sum.digest(), sha256_of(text)) << size;
-    }
-}
-
 TEST(Sha256, OfAFileIsThatOfItsBytes)
 {
     const TemporaryFolder folder;
