@@ -89,7 +89,7 @@ private:
 DeckReader::Tree::Tree(const fs::path& main_deck, Report report, ReaderLimits limits)
     : report_(std::move(report)), limits_(limits), folders_(main_deck)
 {
-    stack_.push_back({LineFile(main_deck), 0, identity_of(main_deck), {}, false, {}});
+    stack_.push_back({LineFile(main_deck, LineEnds::as_meant), 0, identity_of(main_deck), {}, false, {}});
     files.push_back({main_deck, main_deck.filename().string()});
     parameters.begin_file();
 }
@@ -289,7 +289,7 @@ void DeckReader::Tree::open_wanted(const Wanted& wanted)
         return;
     }
     try {
-        OpenFile file{LineFile(found.path),
+        OpenFile file{LineFile(found.path, LineEnds::as_meant),
                       static_cast<FileNumber>(files.size()),
                       identity_of(found.path),
                       top().settings,

@@ -39,7 +39,7 @@ struct LineFile::Open {
     bool at_end = false;
 };
 
-LineFile::LineFile(std::filesystem::path path) : path_(std::move(path))
+LineFile::LineFile(std::filesystem::path path, LineEnds ends) : path_(std::move(path)), ends_(ends)
 {
     open();
 }
@@ -74,7 +74,7 @@ bool LineFile::fill()
     errno = 0;
     const std::size_t count = std::fread(o.buffer.data() + o.end, 1, o.buffer.size() - o.end, o.file.get());
     if (count == 0 && std::ferror(o.file.get()) != 0) fail(path_, std::generic_category().message(errno));
-    if (offset_ == 0 && o.end == 0) find_line_end({o.buffer.data(), count});
+    if (ends_ == LineEnds::as_meant && offset_ == 0 && o.end == 0) find_line_end({o.buffer.data(), count});
     o.end += count;
     o.at_end = count == 0;
     return count > 0;

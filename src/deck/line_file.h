@@ -29,6 +29,9 @@ inline bool is_comment(std::string_view text)
     return !text.empty() && text.front() == '$';
 }
 
+// What ends the lines of a file: newlines, as the converter reads; or carriage returns in a file without newlines.
+enum class LineEnds { newlines, as_meant };
+
 // The longest line that is read; in a longer one the file cannot be read (it is no deck).
 inline constexpr std::size_t longest_line = 1 << 20;
 
@@ -38,7 +41,7 @@ class LineFile
 {
 public:
     // Throws Fault when there is no such file, it is no regular file, or it cannot be opened or read.
-    explicit LineFile(std::filesystem::path path);
+    explicit LineFile(std::filesystem::path path, LineEnds ends = LineEnds::newlines);
     ~LineFile();
     LineFile(LineFile&&) noexcept;
     LineFile& operator=(LineFile&&) noexcept;
@@ -68,6 +71,7 @@ private:
     std::filesystem::path path_;
     std::uint64_t offset_ = 0;  // of the next line
     std::size_t lines_ = 0;     // that have been read
+    LineEnds ends_;
     char line_end_ = '\n';
     std::unique_ptr<Open> open_;
 };

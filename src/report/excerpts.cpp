@@ -24,7 +24,7 @@ void read_lines(const std::filesystem::path& file, std::vector<WantedLines> want
                      [](const WantedLines& a, const WantedLines& b) { return a.first < b.first; });
     std::vector<WantedLines> open;  // those that the present line may belong to
     auto next = wanted.begin();
-    deck::LineFile lines(file);
+    deck::LineFile lines(file, deck::LineEnds::as_meant);
     for (deck::Line line; (next != wanted.end() || !open.empty()) && lines.next(line);) {
         for (; next != wanted.end() && next->first <= line.number; ++next) open.push_back(*next);
         std::erase_if(open, [&](const WantedLines& range) { return range.last < line.number; });

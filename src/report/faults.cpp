@@ -261,10 +261,10 @@ void Auditor::check_files(bool with_sums)
 
 // ---- keyword lines -------------------------------------------------------------------------------------------------
 
-std::vector<std::pair<std::size_t, std::string>> keyword_lines(const fs::path& file)
+std::vector<std::pair<std::size_t, std::string>> keyword_lines(const fs::path& file, deck::LineEnds ends)
 {
     std::vector<std::pair<std::size_t, std::string>> found;
-    deck::LineFile lines(file);
+    deck::LineFile lines(file, ends);
     for (deck::Line line; lines.next(line);)
         if (line.text.starts_with('*')) found.emplace_back(lines.lines_read(), deck::read_keyword_line(line.text).name);
     return found;
@@ -289,7 +289,8 @@ void Auditor::check_source(const File& file, const std::vector<const Block*>& bl
     std::map<std::size_t, std::vector<const Block*>> by_line;
     for (const Block* const block : blocks) by_line[block->line].push_back(block);
     std::size_t times = file.role == "deck" ? 1 : 0;
-    for (const auto& [line, keyword] : keyword_lines(path_of(file))) {
+    const deck::LineEnds ends = ledger_->prepared ? deck::LineEnds::as_meant : deck::LineEnds::newlines;
+    for (const auto& [line, keyword] : keyword_lines(path_of(file), ends)) {
         const auto found = by_line.find(line);
         const std::size_t count = found == by_line.end() ? 0 : found->second.size();
         if (times == 0) times = count;
@@ -318,7 +319,7 @@ void Auditor::check_converted()
                  " have the same lines of the converted deck");
     auto range = ranges.begin();
     bool begun = false;
-    for (const auto& [line, keyword] : keyword_lines(folder_ / converted_name())) {
+    for (const auto& [line, keyword] : keyword_lines(folder_ / converted_name(), deck::LineEnds::newlines)) {
         while (range != ranges.end() && range->last < line) {
             if (!begun) tell(name_of(*range->block) + " begins at no keyword line of the converted deck");
             ++range;

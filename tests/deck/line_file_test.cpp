@@ -9,6 +9,7 @@
 #include "support/convert.h"
 
 using deck::Line;
+using deck::LineEnds;
 using deck::LineFile;
 
 namespace
@@ -42,7 +43,7 @@ TEST(LineFile, CarriageReturnsEndTheLinesOfAFileWithoutNewlines)
 {
     const TemporaryFolder folder;
     write_file("f", "a\r\r b\rlast");
-    LineFile file("f");
+    LineFile file("f", LineEnds::as_meant);
     Line line;
     for (const std::string text : {"a", "", " b"}) {
         ASSERT_TRUE(file.next(line));
@@ -59,11 +60,22 @@ TEST(LineFile, CarriageReturnsEndTheLinesOfAFileWithoutNewlines)
     EXPECT_FALSE(file.next(line));
 }
 
+TEST(LineFile, FileWithoutNewlinesIsOneLineToTheConverter)
+{
+    const TemporaryFolder folder;
+    write_file("f", "a\r\r b\rlast");
+    LineFile file("f");
+    Line line;
+    ASSERT_TRUE(file.next(line));
+    EXPECT_EQ(line.text, "a\r\r b\rlast");
+    EXPECT_FALSE(file.next(line));
+}
+
 TEST(LineFile, CarriageReturnBeforeANewlineEndsNoLine)
 {
     const TemporaryFolder folder;
     write_file("f", "a\rb\nc\r");
-    LineFile file("f");
+    LineFile file("f", LineEnds::as_meant);
     Line line;
     ASSERT_TRUE(file.next(line));
     EXPECT_EQ(line.text, "a\rb");
