@@ -125,7 +125,7 @@ std::string_view word(Severity severity)
 
 std::string text_line(const Finding& finding, std::size_t others, bool colour)
 {
-    std::string line = finding.place.file;
+    std::string line = deck::in_one_line(finding.place.file);
     if (finding.place.line > 0) line.append(":").append(std::to_string(finding.place.line));
     if (finding.place.line > 0 && finding.place.column > 0)
         line.append(":").append(std::to_string(finding.place.column));
@@ -133,10 +133,8 @@ std::string text_line(const Finding& finding, std::size_t others, bool colour)
     if (colour) line.append(colour_of(finding.severity));
     line.append(word(finding.severity)).append(":");
     if (colour) line.append("\033[0m");
-    line.append(" ").append(finding.message).append(" [").append(finding.code).append("]");
+    line.append(" ").append(deck::in_one_line(finding.message)).append(" [").append(finding.code).append("]");
     if (others > 0) line.append(" (and ").append(std::to_string(others)).append(" more in this block)");
-    for (char& c : line)  // what a deck holds must not move the terminal's cursor, nor end the line
-        if (static_cast<unsigned char>(c) < ' ' && !(colour && c == '\033')) c = '?';
     return line;
 }
 

@@ -127,6 +127,16 @@ ControlFile settings_for(const Arguments& arguments, const fs::path& converted, 
 
 // ---- words ---------------------------------------------------------------------------------------------------------
 
+// A line for each thing that makes a conversion unusable.
+void tell_why(const report::Ledger& ledger)
+{
+    constexpr std::size_t most = 8;
+    const std::vector<std::string> reasons = report::disagreements(ledger);
+    for (std::size_t i = 0; i < std::min(most, reasons.size()); ++i)
+        std::cout << "  " << deck::in_one_line(reasons[i]) << '\n';
+    if (reasons.size() > most) std::cout << "  and " << reasons.size() - most << " more: see " << ledger_name << '\n';
+}
+
 // "model-kestrune: converted with losses: 12 blocks converted, 2 skipped"
 void tell(const report::Ledger& ledger, const fs::path& folder)
 {
@@ -142,6 +152,7 @@ void tell(const report::Ledger& ledger, const fs::path& folder)
         between = ", ";
     }
     std::cout << '\n';
+    tell_why(ledger);
 }
 
 // ---- the steps -----------------------------------------------------------------------------------------------------

@@ -15,6 +15,13 @@ Problem problem_at(Place place, std::string code, std::string message, Severity 
     return problem;
 }
 
+std::string in_one_line(std::string text)
+{
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ' || c == '\177') c = '?';
+    return text;
+}
+
 std::string to_string(const Problem& problem)
 {
     std::string text;
@@ -26,7 +33,7 @@ std::string to_string(const Problem& problem)
     }
     text += problem.message;
     if (!problem.code.empty()) text += " [" + problem.code + "]";
-    return text;
+    return in_one_line(std::move(text));
 }
 
 Fault::Fault(const Problem& problem)

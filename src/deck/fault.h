@@ -47,7 +47,11 @@ private:
     std::shared_ptr<const Problem> problem_;  // shared: a copy of an exception must not fail
 };
 
-// "file:line:column: message [code]", without the parts that there are not.
+// The text for a terminal: "?" for control characters, since what a deck holds must not move the cursor, nor end the
+// line.
+std::string in_one_line(std::string text);
+
+// "file:line:column: message [code]" in one line, without the parts that there are not.
 std::string to_string(const Problem& problem);
 
 }  // namespace deck

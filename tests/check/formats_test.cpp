@@ -87,6 +87,7 @@ TEST(FindingsAsText, ControlCharactersOfTheDeckDoNotReachTheTerminal)
     Finding found = at("MD101", 1, 1, 1);
     found.message = "a\033[2Jb\nc\td";
     EXPECT_EQ(text_line(found, 0, false), "model.k:1:1: error: a?[2Jb?c?d [MD101]");
+    EXPECT_EQ(text_line(found, 0, true), "model.k:1:1: \033[1;31merror:\033[0m a?[2Jb?c?d [MD101]");
 }
 
 TEST(FindingsAsText, FindingOnAFileHasNoLine)

@@ -249,7 +249,9 @@ TEST_F(ConvertFolder, ConversionWithoutAKeywordAMainDeckOrAMeshIsNotUsableAndSay
 {
     write_file("text.k", "This is no deck.\n");
     write_file("model.k", std::string(model));
-    EXPECT_EQ(convert("text.k").status, 1);
+    const Outcome text = convert("text.k");
+    EXPECT_EQ(text.status, 1);
+    EXPECT_EQ(text.out, "text-kestrune: not usable\n  the deck has no keyword line\n");
     EXPECT_TRUE(contains(contents("text-kestrune/ledger.json"), "\"the deck has no keyword line\""));
     EXPECT_EQ(convert("model.k -d card --set cardflag=0").status, 1);
     EXPECT_TRUE(contains(contents("card/ledger.json"), "\"no main deck is written: cardflag is not 1\""));
