@@ -71,7 +71,9 @@ std::string name_in_folder(const fs::path& deck)
     control.sourcefile = deck.filename().string();
     std::string name = read_settings(control_file_text(control)).control.sourcefile;
     const std::string_view taken[] = {control_file_name, ledger_name, page_name, OwnFolder::lock_name};
-    if (name.empty() || std::find(std::begin(taken), std::end(taken), name) != std::end(taken))
+    if (name.empty()) throw deck::Fault(deck.string() + ": no control file can hold the deck's name");
+    if (!set_file_names(name)) throw deck::Fault(deck.string() + ": the deck's name is longer than 79 characters");
+    if (std::find(std::begin(taken), std::end(taken), name) != std::end(taken))
         throw deck::Fault(deck.string() + ": the folder needs the deck's name for something else");
     return name;
 }

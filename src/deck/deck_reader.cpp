@@ -244,7 +244,8 @@ void DeckReader::Tree::finish_block()
 void DeckReader::Tree::want(const IncludeName& name, const ContentChange& change)
 {
     IncludeName known = name;
-    if (refers_to_parameter(known.name)) {
+    const auto is_there = [&] { return !folders_.find(name.name, files[top().number].path).path.empty(); };
+    if (refers_to_parameter(name.name) && !is_there()) {  // "&" and "<" may be characters of a file's name
         const Evaluation evaluation = parameters.evaluate(known.name);
         if (!evaluation.value) {
             refuse(name, "MD123", "\"" + name.name + "\": " + evaluation.why_not);

@@ -193,6 +193,18 @@ TEST_F(ConvertFolder, FolderThatHoldsTheDeckIsNotReplaced)
     EXPECT_EQ(contents_of("model-kestrune"), before);
 }
 
+TEST_F(ConvertFolder, DeckWhoseNameNoControlFileHoldsIsRefused)
+{
+    const std::string longest = std::string(77, 'a') + ".k";
+    write_file("!model.k", std::string(model));
+    write_file("a" + longest, std::string(model));
+    write_file(longest, std::string(model));
+    EXPECT_EQ(convert("'!model.k'").err, "morvex-deck: !model.k: no control file can hold the deck's name\n");
+    EXPECT_EQ(convert("a" + longest).err,
+              "morvex-deck: a" + longest + ": the deck's name is longer than 79 characters\n");
+    EXPECT_EQ(convert(longest).err, "");
+}
+
 TEST_F(ConvertFolder, DeckWhoseNameIsNeededForSomethingElseIsRefused)
 {
     for (const std::string name :

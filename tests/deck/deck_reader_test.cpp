@@ -210,6 +210,18 @@ TEST(DeckReader, NamesOfFilesMayBeParameters)
     EXPECT_EQ(reading.problems, (Strings{"main.k:5:1: \"&none\": parameter none is not defined [MD123]"}));
 }
 
+TEST(DeckReader, FileWhoseNameLooksLikeAnExpressionIsFound)
+{
+    const TemporaryFolder folder;
+    write_file("main.k", "*INCLUDE\nnuts&bolts.k\n<final>.k\n&plate\n*PARAMETER\nCplate       other\n");
+    write_file("nuts&bolts.k", "*A\n");
+    write_file("<final>.k", "*B\n");
+    write_file("&plate", "*C\n");
+    const Reading reading = read("main.k");
+    EXPECT_EQ(reading.blocks, (Strings{"*INCLUDE", "*A", "*B", "*C", "*PARAMETER"}));
+    EXPECT_EQ(reading.problems, Strings{});
+}
+
 TEST(DeckReader, HoldsABlockOrAPartOfIt)
 {
     const TemporaryFolder folder;
