@@ -44,6 +44,16 @@ SmallMesh beside_each_other()
     return mesh;
 }
 
+// A block of 3 by 2 by 1 cubes, and one shell on all of its upper side.
+SmallMesh coated()
+{
+    SmallMesh mesh;
+    mesh.block({3, 2, 1}, 5);
+    mesh.shell(501, 3, {13, 16, 24, 21});
+    mesh.parts = {{.id = 3, .title = "Coat", .section = 2, .material = 3}, {.id = 5, .title = "Core", .section = 1}};
+    return mesh;
+}
+
 report::Surface with_outcomes(report::Surface surface)
 {
     const std::array<std::string, 4> outcomes = {"converted", "skipped", "not known", "converted"};
@@ -83,6 +93,7 @@ int main(int arguments, char** argument)
     if (arguments != 2) return 2;
     const fs::path folder = argument[1];
     write(folder, "beside.html", with_outcomes(beside_each_other().surface()));
+    write(folder, "coated.html", coated().surface());
     write(folder, "nothing.html", {});
     write(folder, "million.html", report::surface_of(million));
     write(folder, "thinned.html", report::surface_of(million, {.bytes = 300'000}));

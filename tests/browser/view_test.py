@@ -40,6 +40,20 @@ COLOUR = PICTURE + """
 const at = 4 * (Math.floor(arguments[1]) * picture.width + Math.floor(arguments[0]));
 return [...picture.data.slice(at, at + 3)];
 """
+KEPT = PICTURE + """
+// How many points of the picture that was kept have a colour, and how many of them have another one now.
+const points = new Uint32Array(picture.data.buffer);
+const kept = window.keptPoints;
+window.keptPoints = points;
+if (!kept) return null;
+let drawn = 0, other = 0;
+for (let i = 0; i < kept.length; ++i) {
+  if (kept[i] === kept[0]) continue;
+  ++drawn;
+  if (points[i] !== kept[i]) ++other;
+}
+return [drawn, other];
+"""
 STEPS = """
 // Turns the model by the keyboard, waits for each picture to be drawn to its end, and gives the times between them.
 const [steps, done] = arguments;
@@ -168,6 +182,21 @@ class Picture(ViewTest):
         self.assertLess(sum(self.colour(line)), sum(self.colour(inside)) - 60)
         self.press("Lines of the mesh")
         self.assertEqual(self.colour(line), self.colour(inside))
+
+    def test_draws_a_shell_that_lies_on_solids_before_them(self):
+        self.show("coated.html")
+        self.press("Look from +Z")
+        for _ in range(3):
+            for key in ("ArrowRight", "ArrowUp", "ArrowRight"):
+                self.js("""document.querySelector('.view-canvas')
+                    .dispatchEvent(new KeyboardEvent('keydown', {key: arguments[0]}))""", key)
+            self.box(1).click()
+            self.js("window.keptPoints = null")
+            self.assertIsNone(self.js(KEPT))
+            self.box(1).click()
+            drawn, other = self.js(KEPT)
+            self.assertGreater(drawn, 10000)
+            self.assertLess(other / drawn, 0.02)  # the edges blend with what is behind them
 
     def test_cuts(self):
         self.show()

@@ -152,7 +152,9 @@ class MeshScene {
       const solid = elements[part.first_face] < this.solids;
       const geometry = faceGeometry(shared);
       geometry.setDrawRange(part.first_face * 6, part.faces * 6);
-      this.add(place, new THREE.Mesh(geometry, this.faceMaterial(colourAt(place), solid ? 1 : 0, grows)));
+      const material = this.faceMaterial(colourAt(place), solid ? 1 : 0, grows);
+      if (!solid) bringForward(material, 1);  // a shell may lie on solids
+      this.add(place, new THREE.Mesh(geometry, material));
     });
   }
 
@@ -202,7 +204,7 @@ class MeshScene {
       index: new THREE.BufferAttribute(triangles, 1),
     });
     const material = this.faceMaterial(colour, 0);
-    Object.assign(material, {polygonOffset: true, polygonOffsetFactor: -2, polygonOffsetUnits: -4});
+    bringForward(material, 2);
     return uncull(new THREE.Mesh(geometry, material));
   }
 
@@ -213,6 +215,11 @@ class MeshScene {
     Object.assign(material, {depthTest: false});
     return uncull(new THREE.Points(geometry, material));
   }
+}
+
+// Before what lies in the same plane, and the more so the higher the step is.
+function bringForward(material, step) {
+  Object.assign(material, {polygonOffset: true, polygonOffsetFactor: -step, polygonOffsetUnits: -2 * step});
 }
 
 function uncull(object) {
