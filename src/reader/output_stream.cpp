@@ -102,8 +102,9 @@ void OutputStream::flush()
 // Delivers the buffer's first n characters.
 void OutputStream::write_out(std::size_t n)
 {
+    if (n == 0) return;  // a stream that was never open has no buffer
     errno = 0;
-    if (open_ && failure_ == 0 && n > 0 && !deliver(written_, {buffer_.get(), n})) fail();
+    if (open_ && failure_ == 0 && !deliver(written_, {buffer_.get(), n})) fail();
     written_ += n;
     used_ -= n;
     std::memmove(buffer_.get(), buffer_.get() + n, used_);
